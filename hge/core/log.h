@@ -1,0 +1,34 @@
+#pragma once
+
+#include <cstdio>
+#include <memory>
+#include <string>
+
+namespace hge {
+
+// The log file and the text of the last failure. Works without a file: lines are dropped, failures kept.
+class Log {
+  public:
+    // Starts the file afresh; false when it cannot be written.
+    bool Open(const std::string& path);
+    void Close();
+
+    void Write(const char* format, ...) __attribute__((format(printf, 2, 3)));
+    void WriteV(const char* format, va_list args);
+    // A failure: goes to the log and becomes the last error.
+    void Fail(const char* format, ...) __attribute__((format(printf, 2, 3)));
+    // Writes a line the first time that key is seen since Open; for faults that repeat every frame.
+    void WriteOnce(const std::string& key, const char* format, ...) __attribute__((format(printf, 3, 4)));
+
+    const std::string& LastError() const { return last_error_; }
+    char* LastErrorText() { return last_error_.data(); }
+
+  private:
+    struct CloseFile {
+        void operator()(std::FILE* file) const { std::fclose(file); }
+    };
+    std::unique_ptr<std::FILE, CloseFile> file_;
+    std::string last_error_;
+};
+
+}  // namespace hge

@@ -1,0 +1,71 @@
+#pragma once
+
+#include <memory>
+
+#include "core/log.h"
+#include "hge.h"
+#include "hgecounters.h"
+#include "resources/image.h"
+
+namespace hge {
+
+struct GraphicsSettings {
+    HWND window = nullptr;
+    int width = 800;  // pixels of the screen and of the window's client area
+    int height = 600;
+    bool zbuffer = false;
+    bool texture_filter = true;
+    bool vsync = false;
+};
+
+// The renderer behind HGE::Gfx_*, Target_* and Texture_*: same arguments, same results.
+// Textures and targets can be made only while it runs; Stop frees all of them.
+class Graphics {
+  public:
+    explicit Graphics(Log& log);
+    ~Graphics();
+
+    bool Start(const GraphicsSettings& settings);
+    void Stop();
+    bool running() const;
+
+    void SetTextureFilter(bool on);
+    void SetVSync(bool on);
+
+    bool BeginScene(HTARGET target);
+    void EndScene();
+    // Shows the frame that was drawn to the screen. Rebuilds a lost device first; true when it did so.
+    bool Present();
+    void Clear(DWORD color);
+    void RenderLine(float x1, float y1, float x2, float y2, DWORD color, float z);
+    void RenderTriple(const hgeTriple* triple);
+    void RenderQuad(const hgeQuad* quad);
+    hgeVertex* StartBatch(int prim_type, HTEXTURE tex, int blend, int* max_prim);
+    void FinishBatch(int nprim);
+    void SetClipping(int x, int y, int w, int h);
+    void SetTransform(float x, float y, float dx, float dy, float rot, float hscale, float vscale);
+
+    HTARGET CreateTarget(int width, int height, bool zbuffer);
+    void FreeTarget(HTARGET target);
+    HTEXTURE TargetTexture(HTARGET target);
+
+    HTEXTURE CreateTexture(int width, int height);
+    // name is for the log.
+    HTEXTURE CreateTexture(const Image& image, bool mipmaps, const char* name);
+    void FreeTexture(HTEXTURE tex);
+    int TextureWidth(HTEXTURE tex, bool original) const;
+    int TextureHeight(HTEXTURE tex, bool original) const;
+    DWORD* LockTexture(HTEXTURE tex, bool read_only, int left, int top, int width, int height);
+    void UnlockTexture(HTEXTURE tex);
+
+    // The screen as drawn so far in this frame, or as last shown; false without a device.
+    bool ReadScreen(Image* image);
+    // Fills the fields that the renderer knows.
+    void AddCounters(hgeCounters* counters) const;
+
+  private:
+    struct Impl;
+    std::unique_ptr<Impl> impl_;
+};
+
+}  // namespace hge
