@@ -14,7 +14,7 @@ enum class HandleKind : uint32_t { kTexture = 1, kTarget, kEffect, kMusic, kStre
 // A dead or foreign id finds nothing; a slot's id repeats only after 1023 reuses of that slot.
 template <class T, HandleKind kKind>
 class HandleTable {
-  public:
+ public:
     static constexpr uint32_t kSlotBits = 18;
     static constexpr uint32_t kSlots = 1u << kSlotBits;
     static constexpr uint32_t kGenerations = 1u << 10;
@@ -53,7 +53,7 @@ class HandleTable {
             if (entries_[slot].object) visit(Id(slot), *entries_[slot].object);
     }
 
-  private:
+ private:
     struct Entry {
         std::unique_ptr<T> object;
         uint32_t generation = 1;

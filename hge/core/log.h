@@ -8,7 +8,7 @@ namespace hge {
 
 // The log file and the text of the last failure. Works without a file: lines are dropped, failures kept.
 class Log {
-  public:
+ public:
     // Starts the file afresh; false when it cannot be written.
     bool Open(const std::string& path);
     void Close();
@@ -23,7 +23,7 @@ class Log {
     const std::string& LastError() const { return last_error_; }
     char* LastErrorText() { return last_error_.data(); }
 
-  private:
+ private:
     struct CloseFile {
         void operator()(std::FILE* file) const { std::fclose(file); }
     };

@@ -21,7 +21,7 @@ struct GraphicsSettings {
 // The renderer behind HGE::Gfx_*, Target_* and Texture_*: same arguments, same results.
 // Textures and targets can be made only while it runs; Stop frees all of them.
 class Graphics {
-  public:
+ public:
     explicit Graphics(Log& log);
     ~Graphics();
 
@@ -63,7 +63,7 @@ class Graphics {
     // Fills the fields that the renderer knows.
     void AddCounters(hgeCounters* counters) const;
 
-  private:
+ private:
     struct Impl;
     std::unique_ptr<Impl> impl_;
 };

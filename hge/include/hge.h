@@ -304,6 +304,9 @@ struct HGE {
 
     // Loads the shader for quads with a second texture; false on failure, the old one is dropped.
     virtual bool CALL Gfx_LoadEffect(const char* filename) = 0;
+
+ protected:
+    ~HGE() = default;
 };
 
 // Null unless version is HGE_VERSION. Every call is balanced by HGE::Release.

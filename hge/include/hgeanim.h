@@ -11,7 +11,7 @@
 
 // A strip of equal frames, left to right, wrapping to the next row at the texture's width.
 class hgeAnimation : public hgeSprite {
-  public:
+ public:
     // (x, y, w, h): the first frame in pixels. New: forward, looped, stopped at frame 0.
     hgeAnimation(HTEXTURE tex, int nframes, float fps, float x, float y, float w, float h);
 
@@ -41,7 +41,7 @@ class hgeAnimation : public hgeSprite {
     // Hides the sprite's: frames are measured in the flipped state.
     void SetFlip(bool bX, bool bY, bool bHotSpot = false);
 
-  private:
+ private:
     int orig_width;  // the texture's source width, where rows of frames wrap
     bool bPlaying;
     float fSpeed;  // seconds a frame

@@ -13,7 +13,7 @@ class hgeGUI;
 
 // A control. The handlers return true to make hgeGUI::Update return this control's id.
 class hgeGUIObject {
-  public:
+ public:
     hgeGUIObject();
     virtual ~hgeGUIObject() {}
 
@@ -52,7 +52,7 @@ class hgeGUIObject {
 
 // A list of controls, drawn first to last, searched for the mouse last to first.
 class hgeGUI {
-  public:
+ public:
     hgeGUI();
     // Deletes the controls still in the list.
     ~hgeGUI();
@@ -89,7 +89,7 @@ class hgeGUI {
     int Update(float dt);
     void Render();
 
-  private:
+ private:
     hgeGUI(const hgeGUI&);
     hgeGUI& operator=(const hgeGUI&);
 

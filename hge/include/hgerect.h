@@ -2,8 +2,9 @@
 
 // A rectangle in pixels: x1 <= x < x2, y1 <= y < y2. A clean one holds nothing yet.
 class hgeRect {
-  public:
+ public:
     float x1, y1, x2, y2;
+    bool bClean;
 
     hgeRect(float left, float top, float right, float bottom)
         : x1(left), y1(top), x2(right), y2(bottom), bClean(false) {}
@@ -25,7 +26,4 @@ class hgeRect {
     bool TestPoint(float x, float y) const { return x >= x1 && x < x2 && y >= y1 && y < y2; }
     // True when the two overlap; touching edges do not.
     bool Intersect(const hgeRect* rect) const;
-
-  private:
-    bool bClean;
 };

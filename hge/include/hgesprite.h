@@ -5,7 +5,7 @@
 
 // A rectangle of a texture drawn as one quad. Keeps no texture alive; holds its own HGE reference.
 class hgeSprite {
-  public:
+ public:
     // Pixels of the source image; tex 0 draws plain colour. tex2 goes into the quad for the loaded effect.
     hgeSprite(HTEXTURE tex, float x, float y, float w, float h, HTEXTURE tex2 = 0);
     hgeSprite(const hgeSprite& other);
@@ -55,7 +55,7 @@ class hgeSprite {
     hgeRect* GetBoundingBox(float x, float y, hgeRect* rect) const;
     hgeRect* GetBoundingBoxEx(float x, float y, float rot, float hscale, float vscale, hgeRect* rect) const;
 
-  protected:
+ protected:
     HGE* hge;
     hgeQuad quad;
     float tx, ty, width, height;

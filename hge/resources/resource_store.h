@@ -13,7 +13,7 @@ class ZipArchive;
 
 // Names to bytes: attached packs, newest first, then files under the program's folder.
 class ResourceStore {
-  public:
+ public:
     // folder: the program's, with a trailing separator.
     ResourceStore(Log& log, std::string folder);
     ~ResourceStore();
@@ -33,7 +33,7 @@ class ResourceStore {
     size_t pack_count() const { return packs_.size(); }
     const std::string& folder() const { return folder_; }
 
-  private:
+ private:
     struct Pack;
     Log& log_;
     std::string folder_;

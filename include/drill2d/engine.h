@@ -102,7 +102,7 @@ struct I2DGameEngine {
 
 // The one engine of the process. The host deletes it, through I2DGameEngine, after InitHge has returned.
 class DRILL2D_API C2DGameEngine : public I2DGameEngine {
-  public:
+ public:
     // Made at the first call, from one thread; the same pointer ever after, also when deleted.
     static I2DGameEngine* Get2DGameEngineInstance();
     // The framework's callbacks; both return false.
@@ -148,7 +148,7 @@ class DRILL2D_API C2DGameEngine : public I2DGameEngine {
     bool IsGameTimeEnd() override;
     ~C2DGameEngine() override;
 
-  private:
+ private:
     bool StartFramework(int width, int height, const char* title, bool zbuffer);
 
     static I2DGameEngine* m_instance;
