@@ -1,0 +1,145 @@
+#include "drill2d/engine.h"
+
+#include "hgegui.h"
+
+namespace {
+
+// Ids are never used twice in a process: a host may keep one longer than its control lives.
+int g_nNextCtrlId = 1;
+
+}  // namespace
+
+I2DGameEngine* C2DGameEngine::m_instance = nullptr;
+
+I2DGameEngine* C2DGameEngine::Get2DGameEngineInstance() {
+    if (!m_instance) m_instance = new C2DGameEngine;
+    return m_instance;
+}
+
+C2DGameEngine::C2DGameEngine()
+    : m_hMusic(0),
+      m_pCursor(nullptr),
+      m_pHge(nullptr),
+      m_pGui(nullptr),
+      m_pSink(nullptr),
+      m_pBackSpr(nullptr),
+      m_hTarget(0),
+      m_hTarget1(0),
+      m_bEnableFx(false),
+      m_dwPauseTick(0),
+      m_nRestTime(0),
+      m_dwPlayStartTick(0),
+      m_dwPlayTime(5),
+      m_dwGameTimeTotal(0),
+      m_nPlayedTime(0),
+      m_nGameState(0),
+      m_dwStartTick(0),
+      m_dwPausedTotal(0),
+      m_dwPauseSpan(0) {}
+
+C2DGameEngine::~C2DGameEngine() {
+    // Without a GUI the framework never started, and m_pHge is null or already given back.
+    if (!m_pGui) return;
+    delete m_pGui;
+    m_pHge->System_Shutdown();
+    m_pHge->Release();
+}
+
+bool C2DGameEngine::InitHge(int width, int height, const char* title, bool zbuffer) {
+    m_pHge = hgeCreate(HGE_VERSION);
+    if (!m_pHge || !StartFramework(width, height, title, zbuffer)) return false;
+
+    m_pGui = new hgeGUI;
+    m_pGui->SetNavMode(HGEGUI_NONAVKEYS);
+    m_pGui->SetFocus(1);
+    m_pGui->Enter();
+
+    if (m_pSink) {
+        m_pSink->OnInit();
+        m_dwStartTick = m_dwPlayStartTick;
+        stop_game_time();
+    }
+    m_pHge->System_Start();
+    return true;
+}
+
+bool C2DGameEngine::StartFramework(int width, int height, const char* title, bool zbuffer) {
+    m_pHge->System_SetState(HGE_FRAMEFUNC, FrameFuc);
+    m_pHge->System_SetState(HGE_RENDERFUNC, Render);
+    m_pHge->System_SetState(HGE_TITLE, "");
+    m_pHge->System_SetState(HGE_WINDOWED, false);
+    m_pHge->System_SetState(HGE_SCREENBPP, 32);
+    m_pHge->System_SetState(HGE_SCREENWIDTH, width);
+    m_pHge->System_SetState(HGE_SCREENHEIGHT, height);
+    m_pHge->System_SetState(HGE_USESOUND, true);
+    m_pHge->System_SetState(HGE_FPS, 60);
+    m_pHge->System_SetState(HGE_ZBUFFER, zbuffer);
+    m_pHge->System_SetState(HGE_SHOWSPLASH, false);
+    m_pHge->System_SetState(HGE_DONTSUSPEND, true);
+    m_pHge->System_SetState(HGE_HIDEMOUSE, false);
+    if (title) m_pHge->System_SetState(HGE_TITLE, title);
+    m_pHge->System_SetState(HGE_LOGFILE, "game.log");
+    if (m_pHge->System_Initiate()) return true;
+    m_pHge->System_Shutdown();
+    m_pHge->Release();
+    return false;
+}
+
+bool C2DGameEngine::SetEngineSink(void* sink) {
+    if (!sink) return false;
+    m_pSink = static_cast<I2DGameEngineSink*>(sink);
+    return true;
+}
+
+void C2DGameEngine::AddControl(hgeGUIObject* ctrl) {
+    if (!ctrl || !m_pGui) return;
+    ctrl->id = g_nNextCtrlId;
+    m_pGui->AddCtrl(ctrl);
+    m_pGui->SetFocus(g_nNextCtrlId);
+    ++g_nNextCtrlId;
+}
+
+void C2DGameEngine::RemoveControl(hgeGUIObject* ctrl) {
+    if (ctrl && m_pGui) m_pGui->DelCtrl(ctrl->id);
+}
+
+void C2DGameEngine::GotoTailControl(hgeGUIObject* ctrl) {
+    if (ctrl && m_pGui) m_pGui->MoveToTail(ctrl->id);
+}
+
+// Inert until the kit has sprites, effects and screenshots; the log says so.
+bool C2DGameEngine::SetCursor(const char* file, CGameResourceManager* /*res*/) {
+    if (m_pGui) m_pHge->System_Log("SetCursor(%s): not available in this build", file ? file : "null");
+    return false;
+}
+
+void C2DGameEngine::CreateFx(char* effectFile) {
+    if (m_pGui)
+        m_pHge->System_Log("CreateFx(%s): not available in this build", effectFile ? effectFile : "null");
+}
+
+void C2DGameEngine::saveImage(const char* /*dir*/) {
+    if (m_pGui) m_pHge->System_Log("saveImage: not available in this build");
+}
+
+I2DGameEngineSink* C2DGameEngine::GetEngineSink() {
+    return m_pSink;
+}
+hgeGUI* C2DGameEngine::GetGui() {
+    return m_pGui;
+}
+HGE* C2DGameEngine::GetHge() {
+    return m_pHge;
+}
+CGameSprite* C2DGameEngine::GetBackSpr() {
+    return m_pBackSpr;
+}
+unsigned long C2DGameEngine::GetTaget() {
+    return m_hTarget;
+}
+unsigned long C2DGameEngine::GetTaget1() {
+    return m_hTarget1;
+}
+bool C2DGameEngine::IsEnableFx() {
+    return m_bEnableFx;
+}
