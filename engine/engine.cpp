@@ -1,5 +1,8 @@
 #include "drill2d/engine.h"
 
+#include <new>
+
+#include "drill2d/resources.h"
 #include "hgegui.h"
 
 namespace {
@@ -40,6 +43,7 @@ C2DGameEngine::C2DGameEngine()
 C2DGameEngine::~C2DGameEngine() {
     // Without a GUI the framework never started, and m_pHge is null or already given back.
     if (!m_pGui) return;
+    delete m_pCursor;
     delete m_pGui;
     m_pHge->System_Shutdown();
     m_pHge->Release();
@@ -107,12 +111,19 @@ void C2DGameEngine::GotoTailControl(hgeGUIObject* ctrl) {
     if (ctrl && m_pGui) m_pGui->MoveToTail(ctrl->id);
 }
 
-// Inert until the kit has sprites, effects and screenshots; the log says so.
-bool C2DGameEngine::SetCursor(const char* file, CGameResourceManager* /*res*/) {
-    if (m_pGui) m_pHge->System_Log("SetCursor(%s): not available in this build", file ? file : "null");
-    return false;
+bool C2DGameEngine::SetCursor(const char* file, CGameResourceManager* res) {
+    if (!m_pGui) return false;
+    m_pGui->SetCursor(nullptr);
+    delete m_pCursor;
+    m_pCursor = new (std::nothrow) CGameSprite;
+    if (!m_pCursor) return false;
+    // An image that does not load leaves an empty cursor; the framework's log names it.
+    m_pCursor->LoadImageA(file, res, true);
+    m_pGui->SetCursor(m_pCursor->GetSprite());
+    return true;
 }
 
+// Effects and screenshots are inert in this build; the log says so.
 void C2DGameEngine::CreateFx(char* effectFile) {
     if (m_pGui)
         m_pHge->System_Log("CreateFx(%s): not available in this build", effectFile ? effectFile : "null");
