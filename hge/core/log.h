@@ -1,8 +1,10 @@
 #pragma once
 
+#include <cstdarg>
 #include <cstdio>
 #include <memory>
 #include <string>
+#include <unordered_set>
 
 namespace hge {
 
@@ -27,8 +29,11 @@ class Log {
     struct CloseFile {
         void operator()(std::FILE* file) const { std::fclose(file); }
     };
+    void WriteLine(const std::string& text);
+
     std::unique_ptr<std::FILE, CloseFile> file_;
     std::string last_error_;
+    std::unordered_set<std::string> seen_;
 };
 
 }  // namespace hge
