@@ -1,0 +1,193 @@
+#include <cstring>
+#include <sstream>
+
+#include "drill2d/scenes.h"
+#include "gmock/gmock.h"
+#include "gtest/gtest.h"
+
+namespace {
+
+using testing::ElementsAre;
+using testing::IsEmpty;
+
+std::vector<std::string> g_calls;
+
+class RecordingScene : public IScener {
+ public:
+    explicit RecordingScene(std::string name) : name_(std::move(name)) {}
+
+    void show() override { Record("show"); }
+    void hide() override { Record("hide"); }
+    void render() override { Record("render"); }
+    void update(float dt) override { Record("update", {dt}); }
+    void save_ctl_status() override { Record("save"); }
+    void repeat_status() override { Record("repeat"); }
+    void mouse_lbdown(float x, float y) override { Record("lbdown", {x, y}); }
+    void mouse_lbup(float x, float y) override { Record("lbup", {x, y}); }
+    void mouse_rbdown(float x, float y) override { Record("rbdown", {x, y}); }
+    void mouse_rbup(float x, float y) override { Record("rbup", {x, y}); }
+    void mouse_move(float x, float y) override { Record("move", {x, y}); }
+
+ private:
+    void Record(const char* call, std::initializer_list<float> arguments = {}) {
+        std::ostringstream line;
+        line << name_ << '.' << call;
+        for (float argument : arguments)
+            line << ' ' << argument;
+        g_calls.push_back(line.str());
+    }
+
+    std::string name_;
+};
+
+class OpenManager : public SceneManager {
+ public:
+    using SceneManager::repeat_scene_status;
+    using SceneManager::save_scene_ctl_status;
+};
+
+class SceneManagerTest : public testing::Test {
+ protected:
+    void SetUp() override { g_calls.clear(); }
+
+    std::vector<std::string> TakeCalls() { return std::exchange(g_calls, {}); }
+
+    void RegisterAll() {
+        for (IScener* scene : {&a_, &b_, &c_})
+            manager_.register_scene(scene);
+        g_calls.clear();
+    }
+
+    void RouteAll() {
+        manager_.update_scene(0.5f);
+        manager_.render_scene();
+        manager_.mouse_lbdown(1, 2);
+        manager_.mouse_lbup(3, 4);
+        manager_.mouse_rbdown(5, 6);
+        manager_.mouse_rbup(7, 8);
+        manager_.mouse_move(9, 10);
+        manager_.save_scene_ctl_status();
+        manager_.repeat_scene_status();
+    }
+
+    RecordingScene a_{"a"}, b_{"b"}, c_{"c"};
+    OpenManager manager_;
+};
+
+TEST_F(SceneManagerTest, StartsWithoutACurrentScene) {
+    RegisterAll();
+    RouteAll();
+    EXPECT_EQ(manager_.get_cur_index(), -1);
+    EXPECT_EQ(manager_.get_cur_scene(), nullptr);
+    EXPECT_EQ(manager_.get_scene(0), nullptr);
+    EXPECT_THAT(TakeCalls(), IsEmpty());
+}
+
+TEST_F(SceneManagerTest, RefusesNullAndIgnoresUnknownScenes) {
+    EXPECT_FALSE(manager_.register_scene(nullptr));
+    EXPECT_FALSE(manager_.switch_scene(nullptr));
+    EXPECT_TRUE(manager_.switch_scene(&a_)) << "empty table";
+    EXPECT_EQ(manager_.get_cur_index(), -1);
+
+    manager_.register_scene(&a_);
+    manager_.switch_scene(&a_);
+    g_calls.clear();
+    EXPECT_TRUE(manager_.switch_scene(&b_));
+    EXPECT_EQ(manager_.get_cur_scene(), &a_);
+    EXPECT_THAT(TakeCalls(), IsEmpty());
+}
+
+TEST_F(SceneManagerTest, RegisteringSavesThenHides) {
+    EXPECT_TRUE(manager_.register_scene(&a_));
+    EXPECT_THAT(TakeCalls(), ElementsAre("a.save", "a.hide"));
+    EXPECT_EQ(manager_.get_cur_index(), -1);
+}
+
+TEST_F(SceneManagerTest, ShowsTheNewSceneBeforeItHidesTheOldOne) {
+    RegisterAll();
+    EXPECT_TRUE(manager_.switch_scene(&a_));
+    EXPECT_THAT(TakeCalls(), ElementsAre("a.repeat", "a.show"));
+    EXPECT_TRUE(manager_.switch_scene(&c_));
+    EXPECT_THAT(TakeCalls(), ElementsAre("c.repeat", "c.show", "a.save", "a.hide"));
+    EXPECT_TRUE(manager_.switch_scene(&c_));
+    EXPECT_THAT(TakeCalls(), ElementsAre("c.repeat", "c.show"));
+    EXPECT_EQ(manager_.get_cur_index(), 2);
+}
+
+TEST_F(SceneManagerTest, TakesTheFirstOfTwoEntries) {
+    RegisterAll();
+    manager_.register_scene(&a_);
+    manager_.switch_scene(&c_);
+    manager_.switch_scene(&a_);
+    EXPECT_EQ(manager_.get_cur_index(), 0);
+    g_calls.clear();
+    manager_.hide();
+    EXPECT_THAT(TakeCalls(), ElementsAre("a.hide", "b.hide", "c.hide", "a.hide"));
+    EXPECT_EQ(manager_.get_cur_scene(), &a_);
+}
+
+TEST_F(SceneManagerTest, FetchesScenesUpToTheCurrentOne) {
+    RegisterAll();
+    manager_.switch_scene(&b_);
+    EXPECT_EQ(manager_.get_scene(-1), nullptr);
+    EXPECT_EQ(manager_.get_scene(0), &a_);
+    EXPECT_EQ(manager_.get_scene(1), &b_);
+    EXPECT_EQ(manager_.get_scene(2), nullptr);
+}
+
+TEST_F(SceneManagerTest, RoutesToTheCurrentScene) {
+    RegisterAll();
+    manager_.switch_scene(&b_);
+    g_calls.clear();
+    RouteAll();
+    EXPECT_THAT(TakeCalls(), ElementsAre("b.update 0.5", "b.render", "b.lbdown 1 2", "b.lbup 3 4",
+                                         "b.rbdown 5 6", "b.rbup 7 8", "b.move 9 10", "b.save", "b.repeat"));
+}
+
+TEST_F(SceneManagerTest, CopiesKeepTheirOwnCurrentScene) {
+    RegisterAll();
+    manager_.switch_scene(&a_);
+    SceneManager copy(manager_);
+    copy.switch_scene(&b_);
+    EXPECT_EQ(manager_.get_cur_scene(), &a_);
+    EXPECT_EQ(copy.get_cur_scene(), &b_);
+}
+
+// A scene that switches on inside its own update is what a game does at the end of a level.
+TEST_F(SceneManagerTest, SwitchesInsideAnUpdate) {
+    struct Leaver : RecordingScene {
+        Leaver(SceneManager& manager, IScener& next)
+            : RecordingScene("leaver"), manager_(manager), next_(next) {}
+        void update(float) override { manager_.switch_scene(&next_); }
+        SceneManager& manager_;
+        IScener& next_;
+    } leaver(manager_, b_);
+    RegisterAll();
+    manager_.register_scene(&leaver);
+    manager_.switch_scene(&leaver);
+    g_calls.clear();
+    manager_.update_scene(0);
+    manager_.render_scene();
+    EXPECT_THAT(TakeCalls(), ElementsAre("b.repeat", "b.show", "leaver.save", "leaver.hide", "b.render"));
+}
+
+// Position of a virtual operation in the table, from 1; a member pointer holds its offset plus one.
+template <class F>
+size_t Slot(F operation) {
+    uintptr_t word;
+    std::memcpy(&word, &operation, sizeof word);
+    return (word - 1) / sizeof(void*) + 1;
+}
+
+TEST(IScenerTest, KeepsThePlacesOfItsOperations) {
+    EXPECT_EQ(Slot(&IScener::show), 6u);
+    EXPECT_EQ(Slot(&IScener::hide), 7u);
+    EXPECT_EQ(Slot(&IScener::render), 8u);
+    EXPECT_EQ(Slot(&IScener::update), 9u);
+    EXPECT_EQ(Slot(&IScener::save_ctl_status), 12u);
+    EXPECT_EQ(Slot(&IScener::repeat_status), 13u);
+    EXPECT_EQ(Slot(&IScener::mouse_lbdown), 14u);
+    EXPECT_EQ(Slot(&IScener::mouse_move), 18u);
+}
+
+}  // namespace
