@@ -2,6 +2,7 @@
 
 #include <new>
 
+#include "drill2d/flash.h"
 #include "drill2d/resources.h"
 #include "hgegui.h"
 
@@ -41,6 +42,7 @@ C2DGameEngine::C2DGameEngine()
       m_dwPauseSpan(0) {}
 
 C2DGameEngine::~C2DGameEngine() {
+    FlashManager::DestroyFlashManager();
     // Without a GUI the framework never started, and m_pHge is null or already given back.
     if (!m_pGui) return;
     delete m_pCursor;
@@ -57,6 +59,7 @@ bool C2DGameEngine::InitHge(int width, int height, const char* title, bool zbuff
     m_pGui->SetNavMode(HGEGUI_NONAVKEYS);
     m_pGui->SetFocus(1);
     m_pGui->Enter();
+    FlashManager::CreatFlashManager(m_pHge);
 
     if (m_pSink) {
         m_pSink->OnInit();

@@ -1,4 +1,5 @@
 #include "drill2d/engine.h"
+#include "drill2d/flash.h"
 #include "hgegui.h"
 
 namespace {
@@ -92,6 +93,7 @@ bool C2DGameEngine::Render() {
     hge->Gfx_BeginScene(0);
     hge->Gfx_Clear(0);
     if (sink) sink->OnRender();
+    FlashManager::Render();
     gui->Render();
     hge->Gfx_EndScene();
     return false;
