@@ -1,0 +1,243 @@
+#include "drill2d/font.h"
+
+#include <algorithm>
+#include <array>
+#include <cmath>
+#include <cstdarg>
+#include <cstdio>
+#include <cstring>
+#include <new>
+#include <vector>
+
+#include "hgesprite.h"
+#include "text/code_page.h"
+
+static_assert(sizeof(void*) != 4 || sizeof(GfxFont) == 4 + 65535 * 24 + 40, "the table is part of the font");
+
+const unsigned int GfxFont::font_count;
+
+namespace {
+
+constexpr wchar_t kFirstFullWidth = 0x2000;
+constexpr int kPrintBytes = 10240;
+constexpr MAT2 kIdentity = {{0, 1}, {0, 0}, {0, 0}, {0, 1}};
+
+constexpr std::array<BYTE, 65> MakeAlphaTable() {
+    std::array<BYTE, 65> table{};
+    for (unsigned level = 0; level < 64; ++level)
+        table[level] = static_cast<BYTE>(4 * level);
+    table[64] = 255;
+    return table;
+}
+
+// GDI's 65 grey levels.
+constexpr std::array<BYTE, 65> kAlpha = MakeAlphaTable();
+
+bool IsLineBreak(wchar_t c) {
+    return c == L'\n' || c == L'\r';
+}
+
+void CopyGreyRow(const BYTE* source, DWORD* dest, unsigned width) {
+    for (unsigned x = 0; x < width; ++x)
+        dest[x] = static_cast<DWORD>(kAlpha[std::min<BYTE>(source[x], 64)]) << 24 | 0x00FFFFFF;
+}
+
+void CopyMonoRow(const BYTE* source, DWORD* dest, unsigned width) {
+    for (unsigned x = 0; x < width; ++x)
+        dest[x] = source[x / 8] & (0x80 >> x % 8) ? 0xFFFFFFFF : 0x00000000;
+}
+
+// GDI pads its rows to a multiple of four bytes.
+void CopyBitmap(const BYTE* source, const GLYPHMETRICS& metrics, bool grey, DWORD* dest, int pitch) {
+    unsigned width = metrics.gmBlackBoxX;
+    unsigned row_bytes = grey ? (width + 3) / 4 * 4 : (width + 31) / 32 * 4;
+    for (unsigned y = 0; y < metrics.gmBlackBoxY; ++y, source += row_bytes, dest += pitch)
+        (grey ? CopyGreyRow : CopyMonoRow)(source, dest, width);
+}
+
+void FillGlyph(HGE* hge, HTEXTURE tex, HDC dc, wchar_t c, unsigned format, DWORD size) {
+    std::vector<BYTE> bitmap(size);
+    GLYPHMETRICS metrics = {};
+    if (GetGlyphOutlineW(dc, c, format, &metrics, size, bitmap.data(), &kIdentity) != size) return;
+    DWORD* pixels = hge->Texture_Lock(tex, false, 0, 0, 0, 0);
+    if (!pixels) return;
+    CopyBitmap(bitmap.data(), metrics, format == GGO_GRAY8_BITMAP, pixels, hge->Texture_GetWidth(tex, false));
+    hge->Texture_Unlock(tex);
+}
+
+HDC CreateMemoryDC(HWND window) {
+    HDC window_dc = GetDC(window);
+    HDC memory_dc = CreateCompatibleDC(window_dc);
+    if (window_dc) ReleaseDC(window, window_dc);
+    return memory_dc;
+}
+
+}  // namespace
+
+GfxFont::GfxFont(const char* face, int size, int bold, int italic, int antialias)
+    : m_format(antialias ? GGO_GRAY8_BITMAP : GGO_BITMAP),
+      m_ascent(0),
+      m_reserved(0),
+      m_fontSize(static_cast<float>(size)),
+      m_kerningWidth(0),
+      m_kerningHeight(0),
+      m_hge(hgeCreate(HGE_VERSION)),
+      m_sprite(nullptr),
+      m_memDC(nullptr),
+      m_font(nullptr) {
+    std::memset(m_glyphs, 0, sizeof m_glyphs);
+    if (!m_hge) return;
+    m_memDC = CreateMemoryDC(m_hge->System_GetState(HGE_HWND));
+    if (!m_memDC) return;
+    SetMapMode(m_memDC, MM_TEXT);
+    SetTextColor(m_memDC, 0xFFFFFF);
+    SetBkColor(m_memDC, 0);
+    m_font =
+        CreateFontA(-size, 0, 0, 0, bold ? FW_BOLD : FW_NORMAL, italic != 0, FALSE, FALSE, DEFAULT_CHARSET,
+                    OUT_DEFAULT_PRECIS, CLIP_DEFAULT_PRECIS, DEFAULT_QUALITY, DEFAULT_PITCH, face);
+    if (!m_font) return;
+    SelectObject(m_memDC, m_font);
+    TEXTMETRICA metrics = {};
+    GetTextMetricsA(m_memDC, &metrics);
+    m_ascent = metrics.tmAscent;
+    m_sprite = new (std::nothrow) hgeSprite(0, 0, 0, 0, 0);
+    SetColor(0xFFFFFFFF, -1);
+}
+
+GfxFont::~GfxFont() {
+    if (!m_hge) return;
+    for (const Glyph& glyph : m_glyphs)
+        if (glyph.tex) m_hge->Texture_Free(glyph.tex);
+    // The DC first: a font cannot go while it is selected.
+    if (m_memDC) DeleteDC(m_memDC);
+    if (m_font) DeleteObject(m_font);
+    delete m_sprite;
+    m_hge->Release();
+}
+
+void GfxFont::Print(float x, float y, const char* format, ...) {
+    if (!format) return;
+    // Buffers of the stack: printing a text again allocates nothing.
+    char text[kPrintBytes];
+    text[0] = 0;
+    va_list arguments;
+    va_start(arguments, format);
+    int length = std::vsnprintf(text, sizeof text, format, arguments);
+    va_end(arguments);
+    // What is too long ends with a whole character.
+    if (length >= kPrintBytes) code_page::CopyText(CP_THREAD_ACP, text, sizeof text - 1, text);
+    wchar_t wide[kPrintBytes];
+    code_page::ToWide(CP_THREAD_ACP, text, wide, kPrintBytes);
+    Render(x, y, wide);
+}
+
+void GfxFont::Render(float x, float y, const wchar_t* text) {
+    if (!text || !m_sprite) return;
+    float pen_x = x, pen_y = y;
+    for (const wchar_t* c = text; *c; ++c) {
+        if (IsLineBreak(*c)) {
+            StartLine(x, &pen_x, &pen_y);
+            continue;
+        }
+        unsigned int index = GetGlyphByCharacter(*c);
+        if (index < font_count && m_glyphs[index].tex) {
+            const Glyph& glyph = m_glyphs[index];
+            m_sprite->SetTexture(glyph.tex);
+            m_sprite->SetTextureRect(0, 0, glyph.width, glyph.height, true);
+            m_sprite->Render(pen_x - glyph.offsetX, pen_y - glyph.offsetY);
+        }
+        pen_x += m_kerningWidth + GetWidthFromCharacter(*c, false);
+    }
+}
+
+void GfxFont::StartLine(float left, float* x, float* y) const {
+    *x = left;
+    *y += m_kerningHeight + m_fontSize;
+}
+
+SIZE GfxFont::GetTextSize(const wchar_t* text) {
+    SIZE size = {0, static_cast<LONG>(m_fontSize)};
+    float line = 0;
+    for (const wchar_t* c = text ? text : L""; *c; ++c) {
+        if (IsLineBreak(*c)) {
+            size.cy += static_cast<LONG>(m_kerningHeight + m_fontSize);
+            size.cx = std::max(size.cx, static_cast<LONG>(line));
+            line = 0;
+            continue;
+        }
+        GetGlyphByCharacter(*c);
+        line += m_kerningWidth + GetWidthFromCharacter(*c, false);
+    }
+    size.cx = std::max(size.cx, static_cast<LONG>(line));
+    return size;
+}
+
+wchar_t GfxFont::GetCharacterFromPos(const wchar_t* text, float x, float y) {
+    float pen_x = 0, pen_y = 0;
+    for (const wchar_t* c = text ? text : L""; *c; ++c) {
+        if (IsLineBreak(*c)) {
+            // The unit behind a line break has a cell, a second line break too.
+            if (!*++c) return 0;
+            StartLine(0, &pen_x, &pen_y);
+        }
+        GetGlyphByCharacter(*c);
+        float width = GetWidthFromCharacter(*c, false);
+        if (pen_x < x && x <= pen_x + width && pen_y < y && y <= pen_y + m_fontSize) return *c;
+        pen_x += width + m_kerningWidth;
+    }
+    return 0;
+}
+
+unsigned int GfxFont::GetGlyphByCharacter(wchar_t c) {
+    unsigned int index = c;
+    CacheCharacter(index, c);
+    return index;
+}
+
+// The glyph's own advance is not used for layout: text stands on a grid of half and full cells.
+float GfxFont::GetWidthFromCharacter(wchar_t c, bool exact) {
+    if (exact && c != 0 && c != 0xFFFF) return m_glyphs[GetGlyphByCharacter(c)].advance;
+    if (c >= kFirstFullWidth) return m_fontSize;
+    // Rounds ties to even: 13 gives 6, 15 gives 8.
+    return static_cast<float>(std::lrint(m_fontSize * 0.5f));
+}
+
+void GfxFont::CacheCharacter(unsigned int index, wchar_t c) {
+    if (index >= font_count || m_glyphs[index].tex || !m_font) return;
+    GLYPHMETRICS metrics = {};
+    DWORD size = GetGlyphOutlineW(m_memDC, c, m_format, &metrics, 0, nullptr, &kIdentity);
+    HTEXTURE tex =
+        m_hge->Texture_Create(static_cast<int>(metrics.gmBlackBoxX), static_cast<int>(metrics.gmBlackBoxY));
+    if (!tex) return;
+    if (size != GDI_ERROR && size > 0) FillGlyph(m_hge, tex, m_memDC, c, m_format, size);
+    m_glyphs[index] = {tex,
+                       static_cast<float>(metrics.gmBlackBoxX),
+                       static_cast<float>(metrics.gmBlackBoxY),
+                       static_cast<float>(-metrics.gmptGlyphOrigin.x),
+                       static_cast<float>(metrics.gmptGlyphOrigin.y - m_ascent),
+                       static_cast<float>(metrics.gmCellIncX)};
+}
+
+void GfxFont::SetColor(DWORD color, int i) {
+    if (m_sprite) m_sprite->SetColor(color, i);
+}
+
+DWORD GfxFont::GetColor(int i) {
+    return m_sprite ? m_sprite->GetColor(i) : 0;
+}
+
+void GfxFont::SetKerningWidth(float kerning) {
+    m_kerningWidth = kerning;
+}
+void GfxFont::SetKerningHeight(float kerning) {
+    m_kerningHeight = kerning;
+}
+float GfxFont::GetKerningWidth() {
+    return m_kerningWidth;
+}
+float GfxFont::GetKerningHeight() {
+    return m_kerningHeight;
+}
+float GfxFont::GetFontSize() {
+    return m_fontSize;
+}
