@@ -150,6 +150,7 @@ class DRILL2D_API C2DGameEngine : public I2DGameEngine {
 
  private:
     bool StartFramework(int width, int height, const char* title, bool zbuffer);
+    void ShowTimeEndNotice();
 
     static I2DGameEngine* m_instance;
 
