@@ -9,10 +9,11 @@
 #define HGEANIM_LOOP 4
 #define HGEANIM_NOLOOP 0
 
-// A strip of equal frames, left to right, wrapping to the next row at the texture's width.
+// A strip of equal frames, left to right. Where the source image's width is used up, frames go on in the next
+// row, at the image's left edge. New: forward, looped, stopped at frame 0.
 class hgeAnimation : public hgeSprite {
  public:
-    // (x, y, w, h): the first frame in pixels. New: forward, looped, stopped at frame 0.
+    // (x, y, w, h): the first frame in pixels. fps 0 stands still.
     hgeAnimation(HTEXTURE tex, int nframes, float fps, float x, float y, float w, float h);
 
     // Starts at the first frame of the mode; the first Update after it shows that frame.
@@ -24,6 +25,7 @@ class hgeAnimation : public hgeSprite {
     bool IsPlaying() const { return bPlaying; }
 
     void SetTexture(HTEXTURE tex);
+    // The first frame's rectangle; the current frame stays.
     void SetTextureRect(float x, float y, float w, float h);
     // HGEANIM_* bits; goes to the first frame of the mode.
     void SetMode(int mode);
@@ -38,14 +40,16 @@ class hgeAnimation : public hgeSprite {
     int GetFrame() const { return nCurFrame; }
     int GetFrames() const { return nFrames; }
 
-    // Hides the sprite's: frames are measured in the flipped state.
-    void SetFlip(bool bX, bool bY, bool bHotSpot = false);
-
  private:
-    int orig_width;  // the texture's source width, where rows of frames wrap
+    void GoToStart();
+    void Step();
+    bool TurnsAtEnd() const;
+    void DropWholeRounds();
+
+    float orig_width;  // the texture's source width
     bool bPlaying;
-    float fSpeed;  // seconds a frame
-    float fSinceLastFrame;
+    float fSpeed;           // seconds a frame
+    float fSinceLastFrame;  // seconds; negative until the first Update after Play
     int Mode;
     int nDelta;
     int nFrames;

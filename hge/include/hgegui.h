@@ -5,17 +5,22 @@
 #include "hgesprite.h"
 
 #define HGEGUI_NONAVKEYS 0
-#define HGEGUI_LEFTRIGHT 1
-#define HGEGUI_UPDOWN 2
-#define HGEGUI_CYCLED 4
+#define HGEGUI_LEFTRIGHT 1  // left and right keys move the focus
+#define HGEGUI_UPDOWN 2     // up and down keys move the focus
+#define HGEGUI_CYCLED 4     // from the last control to the first and back
 
 class hgeGUI;
 
-// A control. The handlers return true to make hgeGUI::Update return this control's id.
+// A control. The mouse and key handlers return true to make hgeGUI::Update return this control's id.
+// Any handler may add, remove or delete controls, its own included.
 class hgeGUIObject {
  public:
     hgeGUIObject();
-    virtual ~hgeGUIObject() {}
+    // A copy is in no list.
+    hgeGUIObject(const hgeGUIObject& other);
+    hgeGUIObject& operator=(const hgeGUIObject& other);
+    // Leaves the list by itself.
+    virtual ~hgeGUIObject();
 
     virtual void Render() = 0;
     // Seconds since the last frame.
@@ -39,10 +44,10 @@ class hgeGUIObject {
     virtual void SetColor(DWORD _color) { color = _color; }
 
     int id;
-    bool bStatic;  // takes neither mouse nor focus
-    bool bVisible;
-    bool bEnabled;
-    hgeRect rect;  // screen pixels
+    bool bStatic;   // takes no focus
+    bool bVisible;  // is drawn; a hidden control takes no focus
+    bool bEnabled;  // takes the mouse and the focus
+    hgeRect rect;   // screen pixels
     DWORD color;
 
     hgeGUI* gui;  // the owner while in its list, else null
@@ -59,21 +64,23 @@ class hgeGUI {
 
     // Appends and takes ownership. A control that is null or already in a list is ignored.
     void AddCtrl(hgeGUIObject* ctrl);
-    // Unlinks only: the control goes back to the caller.
+    // Unlinks only: the control goes back to the caller. Its handlers are not called any more.
     void DelCtrl(int id);
     // Null when there is none.
     hgeGUIObject* GetCtrl(int id) const;
 
+    // Screen pixels; the size stays.
     void MoveCtrl(int id, float x, float y);
+    // The mouse still reaches a hidden control that is enabled.
     void ShowCtrl(int id, bool bVisible);
     void EnableCtrl(int id, bool bEnabled);
     // To the end of the list: drawn on top, first to get the mouse.
     void MoveToTail(int id);
 
     // HGEGUI_* bits.
-    void SetNavMode(int mode);
+    void SetNavMode(int mode) { navmode = mode; }
     // Drawn at the mouse by Render; not owned; null for none.
-    void SetCursor(hgeSprite* spr);
+    void SetCursor(hgeSprite* spr) { sprCursor = spr; }
     void SetColor(DWORD color);
     // An unknown id clears the focus; a static, hidden or disabled control does not take it.
     void SetFocus(int id);
@@ -81,6 +88,7 @@ class hgeGUI {
     int GetFocus() const;
 
     void Enter();
+    // Forgets focus, mouse-over and mouse lock; so does Reset.
     void Leave();
     void Reset();
     void Move(float dx, float dy);
@@ -90,12 +98,41 @@ class hgeGUI {
     void Render();
 
  private:
+    friend class hgeGUIObject;
+    class Walk;
+    enum Phase { kInUse, kEntering, kLeaving };
+
     hgeGUI(const hgeGUI&);
     hgeGUI& operator=(const hgeGUI&);
 
-    struct Impl;
+    void Append(hgeGUIObject* ctrl);
+    void Detach(hgeGUIObject* ctrl);
+    void Unlink(hgeGUIObject* ctrl);
+    void ForgetTargets();
+    void ReadMouse();
+    bool EveryoneIsDone();
+    void MoveFocus(hgeGUIObject* ctrl);
+    void MoveOver(hgeGUIObject* ctrl);
+    bool Navigate(int key);
+    hgeGUIObject* FocusTarget(bool forward) const;
+    hgeGUIObject* TopmostAtMouse() const;
+    int SendKey();
+    int SendMouse();
+    bool SendButtons();
+    void Grab();
+
     HGE* hge;
     hgeGUIObject* ctrls;  // head of the list
     hgeGUIObject* tail;
-    Impl* impl;
+    hgeGUIObject* ctrlFocus;
+    hgeGUIObject* ctrlOver;
+    hgeGUIObject* ctrlLock;   // gets the mouse alone while a button is held
+    hgeGUIObject* ctrlEvent;  // gets this frame's mouse events
+    Walk* walks;              // under way, innermost first
+    Phase phase;
+    int navmode;
+    hgeSprite* sprCursor;
+    float mx, my;
+    bool bMoved, bLPressed, bLReleased, bRPressed, bRReleased, bHeld;
+    int nWheel;
 };
