@@ -36,6 +36,8 @@ class Graphics {
     void EndScene();
     // Shows the frame that was drawn to the screen. Rebuilds a lost device first; true when it did so.
     bool Present();
+    // For tests: the device counts as lost from now on.
+    void LoseDevice();
     void Clear(DWORD color);
     void RenderLine(float x1, float y1, float x2, float y2, DWORD color, float z);
     void RenderTriple(const hgeTriple* triple);

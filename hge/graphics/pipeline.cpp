@@ -1,0 +1,168 @@
+#include "graphics/pipeline.h"
+
+#include <d3dcompiler.h>
+
+#include <cfloat>
+#include <iterator>
+
+#include "graphics/shaders.h"
+#include "graphics/vertex.h"
+
+namespace hge {
+
+namespace {
+
+ComPtr<ID3DBlob> Compile(const char* entry, const char* model, Log& log) {
+    ComPtr<ID3DBlob> code;
+    ComPtr<ID3DBlob> messages;
+    HRESULT result = D3DCompile(kShaderSource, sizeof kShaderSource - 1, nullptr, nullptr, nullptr, entry,
+                                model, 0, 0, code.Put(), messages.Put());
+    if (SUCCEEDED(result)) return code;
+    // The text need not end with a NUL.
+    std::string text;
+    if (messages)
+        text.assign(static_cast<const char*>(messages->GetBufferPointer()), messages->GetBufferSize());
+    log.Fail("graphics: shader %s does not compile (%s): %s", entry, ResultText(result).c_str(),
+             text.c_str());
+    return {};
+}
+
+D3D11_INPUT_ELEMENT_DESC Element(const char* name, UINT index, DXGI_FORMAT format, UINT offset) {
+    return {name, index, format, 0, offset, D3D11_INPUT_PER_VERTEX_DATA, 0};
+}
+
+}  // namespace
+
+bool Pipeline::Create(const Device& device, Log& log) {
+    Destroy();
+    if (!CreateShaders(device, log)) return false;
+    if (CreateStates(device) && CreateSamplers(device)) return true;
+    log.Fail("graphics: the device refuses the drawing states");
+    return false;
+}
+
+void Pipeline::Destroy() {
+    *this = Pipeline();
+}
+
+bool Pipeline::CreateShaders(const Device& device, Log& log) {
+    ComPtr<ID3DBlob> corner = Compile("PlaceCorner", "vs_4_0", log);
+    ComPtr<ID3DBlob> straight = Compile("ShadeStraight", "ps_4_0", log);
+    ComPtr<ID3DBlob> premultiplied = Compile("ShadePremultiplied", "ps_4_0", log);
+    if (!corner || !straight || !premultiplied) return false;
+    const D3D11_INPUT_ELEMENT_DESC elements[] = {
+        Element("POSITION", 0, DXGI_FORMAT_R32G32B32_FLOAT, offsetof(DeviceVertex, x)),
+        Element("COLOR", 0, DXGI_FORMAT_R8G8B8A8_UNORM, offsetof(DeviceVertex, color)),
+        Element("TEXCOORD", 0, DXGI_FORMAT_R32G32_FLOAT, offsetof(DeviceVertex, u)),
+        Element("TEXCOORD", 1, DXGI_FORMAT_R8G8B8A8_UNORM, offsetof(DeviceVertex, mode))};
+    auto code = [](const ComPtr<ID3DBlob>& blob) { return blob->GetBufferPointer(); };
+    auto size = [](const ComPtr<ID3DBlob>& blob) { return blob->GetBufferSize(); };
+    if (SUCCEEDED(device->CreateVertexShader(code(corner), size(corner), nullptr, vertex_shader_.Put())) &&
+        SUCCEEDED(device->CreatePixelShader(code(straight), size(straight), nullptr, straight_.Put())) &&
+        SUCCEEDED(device->CreatePixelShader(code(premultiplied), size(premultiplied), nullptr,
+                                            premultiplied_.Put())) &&
+        SUCCEEDED(device->CreateInputLayout(elements, std::size(elements), code(corner), size(corner),
+                                            layout_.Put())))
+        return true;
+    log.Fail("graphics: the device refuses the shaders");
+    return false;
+}
+
+bool Pipeline::CreateStates(const Device& device) {
+    D3D11_BUFFER_DESC constants{};
+    constants.ByteWidth = 4 * sizeof(float);
+    constants.BindFlags = D3D11_BIND_CONSTANT_BUFFER;
+
+    D3D11_BLEND_DESC blend{};
+    auto& over = blend.RenderTarget[0];
+    over.BlendEnable = TRUE;
+    over.SrcBlend = over.SrcBlendAlpha = D3D11_BLEND_ONE;
+    over.DestBlend = over.DestBlendAlpha = D3D11_BLEND_INV_SRC_ALPHA;
+    over.BlendOp = over.BlendOpAlpha = D3D11_BLEND_OP_ADD;
+    over.RenderTargetWriteMask = D3D11_COLOR_WRITE_ENABLE_ALL;
+
+    D3D11_RASTERIZER_DESC raster{};
+    raster.FillMode = D3D11_FILL_SOLID;
+    raster.CullMode = D3D11_CULL_NONE;
+    raster.DepthClipEnable = raster.ScissorEnable = TRUE;
+
+    for (int i = 0; i < kDepthStates; ++i) {
+        D3D11_DEPTH_STENCIL_DESC depth{};
+        depth.DepthEnable = i != kNoDepth;
+        depth.DepthWriteMask = i == kWriteDepth ? D3D11_DEPTH_WRITE_MASK_ALL : D3D11_DEPTH_WRITE_MASK_ZERO;
+        depth.DepthFunc = D3D11_COMPARISON_LESS_EQUAL;
+        if (FAILED(device->CreateDepthStencilState(&depth, depth_[i].Put()))) return false;
+    }
+    return SUCCEEDED(device->CreateBuffer(&constants, nullptr, constants_.Put())) &&
+           SUCCEEDED(device->CreateBlendState(&blend, blend_.Put())) &&
+           SUCCEEDED(device->CreateRasterizerState(&raster, raster_.Put()));
+}
+
+bool Pipeline::CreateSamplers(const Device& device) {
+    for (bool filter : {false, true})
+        for (bool wrap : {false, true})
+            for (bool mipmaps : {false, true}) {
+                D3D11_SAMPLER_DESC desc{};
+                desc.Filter = !filter   ? D3D11_FILTER_MIN_MAG_MIP_POINT
+                              : mipmaps ? D3D11_FILTER_MIN_MAG_MIP_LINEAR
+                                        : D3D11_FILTER_MIN_MAG_LINEAR_MIP_POINT;
+                desc.AddressU = desc.AddressV = desc.AddressW =
+                    wrap ? D3D11_TEXTURE_ADDRESS_WRAP : D3D11_TEXTURE_ADDRESS_CLAMP;
+                desc.MaxLOD = FLT_MAX;
+                desc.MaxAnisotropy = 1;
+                desc.ComparisonFunc = D3D11_COMPARISON_NEVER;
+                if (FAILED(device->CreateSamplerState(&desc, samplers_[filter][wrap][mipmaps].Put())))
+                    return false;
+            }
+    return true;
+}
+
+void Pipeline::Bind(const Device& device) {
+    ID3D11DeviceContext* context = device.context();
+    ID3D11Buffer* constants = constants_.Get();
+    context->IASetInputLayout(layout_.Get());
+    context->VSSetShader(vertex_shader_.Get(), nullptr, 0);
+    context->VSSetConstantBuffers(0, 1, &constants);
+    context->RSSetState(raster_.Get());
+    context->OMSetBlendState(blend_.Get(), nullptr, 0xFFFFFFFF);
+}
+
+void Pipeline::SetSurface(const Device& device, const Surface& surface) {
+    ID3D11DeviceContext* context = device.context();
+    // A target that was drawn from cannot be drawn to before it is let go.
+    ID3D11ShaderResourceView* nothing = nullptr;
+    context->PSSetShaderResources(0, 1, &nothing);
+    ID3D11RenderTargetView* color = surface.color.Get();
+    context->OMSetRenderTargets(1, &color, surface.depth.Get());
+    auto width = static_cast<float>(surface.width);
+    auto height = static_cast<float>(surface.height);
+    D3D11_VIEWPORT viewport{0, 0, width, height, 0, 1};
+    context->RSSetViewports(1, &viewport);
+    const float to_clip[] = {2 / width, -2 / height, -1, 1};
+    context->UpdateSubresource(constants_.Get(), 0, nullptr, to_clip, 0, 0);
+    surface_has_depth_ = static_cast<bool>(surface.depth);
+}
+
+void Pipeline::SetClip(const Device& device, const Box& clip) {
+    D3D11_RECT rect{clip.left, clip.top, clip.right, clip.bottom};
+    device.context()->RSSetScissorRects(1, &rect);
+}
+
+ID3D11SamplerState* Pipeline::Sampler(const TextureSource& source, bool filter) const {
+    return samplers_[filter][source.wrap][source.mipmaps].Get();
+}
+
+void Pipeline::SetSource(const Device& device, const TextureSource& source, bool filter) {
+    ID3D11ShaderResourceView* view = source.view.Get();
+    ID3D11SamplerState* sampler = Sampler(source, filter);
+    device.context()->PSSetShader(source.premultiplied ? premultiplied_.Get() : straight_.Get(), nullptr, 0);
+    device.context()->PSSetShaderResources(0, 1, &view);
+    device.context()->PSSetSamplers(0, 1, &sampler);
+}
+
+void Pipeline::SetDepth(const Device& device, bool write) {
+    int state = !surface_has_depth_ ? kNoDepth : write ? kWriteDepth : kTestDepth;
+    device.context()->OMSetDepthStencilState(depth_[state].Get(), 0);
+}
+
+}  // namespace hge

@@ -1,0 +1,49 @@
+#include "graphics/pixel_shadow.h"
+
+#include <algorithm>
+#include <utility>
+
+namespace hge {
+
+uint32_t* PixelShadow::Lock(bool read_only, int left, int top, int width, int height) {
+    if (locked_ || left < 0 || top < 0 || left >= width_ || top >= height_) return nullptr;
+    if (width == 0) width = width_ - left;
+    if (height == 0) height = height_ - top;
+    if (width < 0 || height < 0 || width > width_ - left || height > height_ - top) return nullptr;
+    locked_ = true;
+    writing_ = read_only ? Box{} : Box{left, top, left + width, top + height};
+    return pixels_.data() + static_cast<size_t>(top) * width_ + left;
+}
+
+bool PixelShadow::Unlock(Box* changed) {
+    *changed = writing_;
+    writing_ = {};
+    return std::exchange(locked_, false);
+}
+
+namespace {
+
+void AppendRow(const PixelShadow& shadow, int y, const Box& box, std::vector<uint32_t>* out) {
+    int row = std::clamp(y, 0, shadow.height() - 1);
+    int from = std::max(box.left, 0);
+    int to = std::min(box.right, shadow.width());
+    if (box.left < 0) out->push_back(*shadow.Pixel(0, row));
+    out->insert(out->end(), shadow.Pixel(from, row), shadow.Pixel(from, row) + (to - from));
+    if (box.right > shadow.width()) out->push_back(*shadow.Pixel(shadow.width() - 1, row));
+}
+
+}  // namespace
+
+void MakeAtlasUpload(const PixelShadow& shadow, const Box& changed, AtlasUpload* upload) {
+    Box box = changed;
+    if (box.left == 0) box.left = -1;
+    if (box.top == 0) box.top = -1;
+    if (box.right == shadow.width()) ++box.right;
+    if (box.bottom == shadow.height()) ++box.bottom;
+    upload->pixels.clear();
+    for (int y = box.top; y < box.bottom; ++y)
+        AppendRow(shadow, y, box, &upload->pixels);
+    upload->box = {box.left + 1, box.top + 1, box.right + 1, box.bottom + 1};
+}
+
+}  // namespace hge

@@ -1,0 +1,167 @@
+#include "graphics/scene.h"
+
+#include <cstring>
+
+#include "graphics/quad_writer.h"
+#include "hge.h"
+
+namespace hge {
+
+namespace {
+
+uint32_t ModeOf(int blend) {
+    return (blend & BLEND_ALPHABLEND ? kModeAlphaBlend : 0) | (blend & BLEND_COLORADD ? kModeColorAdd : 0);
+}
+
+float Channel(uint32_t color, int shift) {
+    return static_cast<float>(color >> shift & 0xFF) / 255;
+}
+
+}  // namespace
+
+Scene::Scene(Log& log, const Device& device, TextureStore& textures)
+    : log_(log), device_(device), textures_(textures) {}
+
+bool Scene::Start() {
+    Stop();
+    if (!pipeline_.Create(device_, log_)) return false;
+    if (!ring_.Create(device_)) {
+        log_.Fail("graphics: the device refuses the vertex buffer");
+        return false;
+    }
+    pipeline_.Bind(device_);
+    ring_.Bind(device_);
+    return true;
+}
+
+void Scene::Stop() {
+    open_ = false;
+    surface_ = {};
+    ring_.Destroy();
+    pipeline_.Destroy();
+}
+
+void Scene::ResetCounters() {
+    draws_ = quads_ = 0;
+    ring_.ResetMaps();
+}
+
+void Scene::Begin(const Surface& surface, uint32_t target) {
+    surface_ = surface;
+    target_ = target;
+    open_ = true;
+    transform_ = {};
+    clip_ = ClipBox(0, 0, 0, 0, surface.width, surface.height);
+    pipeline_.SetSurface(device_, surface);
+    pipeline_.SetClip(device_, clip_);
+}
+
+void Scene::End() {
+    Flush();
+    open_ = false;
+    target_ = 0;
+    surface_ = {};
+}
+
+// A target keeps colours multiplied by alpha; the screen is opaque.
+void Scene::Clear(uint32_t color) {
+    Flush();
+    float alpha = target_ ? Channel(color, 24) : 1;
+    const float rgba[] = {Channel(color, 16) * alpha, Channel(color, 8) * alpha, Channel(color, 0) * alpha,
+                          alpha};
+    device_.context()->ClearRenderTargetView(surface_.color.Get(), rgba);
+    if (surface_.depth)
+        device_.context()->ClearDepthStencilView(surface_.depth.Get(), D3D11_CLEAR_DEPTH, 1, 0);
+}
+
+void Scene::Flush() {
+    if (!ring_.pending()) return;
+    pipeline_.SetSource(device_, *source_, filter_);
+    pipeline_.SetDepth(device_, write_depth_);
+    ring_.Draw(device_);
+    textures_.NextBatch();
+    ++draws_;
+}
+
+void Scene::SetFilter(bool on) {
+    if (on == filter_) return;
+    Flush();
+    filter_ = on;
+}
+
+void Scene::SetClipping(int x, int y, int w, int h) {
+    Box clip = ClipBox(x, y, w, h, surface_.width, surface_.height);
+    if (clip == clip_) return;
+    Flush();
+    clip_ = clip;
+    pipeline_.SetClip(device_, clip_);
+}
+
+void Scene::Line(const Vertex& from, const Vertex& to, uint32_t texture, int blend) {
+    Vertex ends[] = {from, to};
+    if (!transform_.identity())
+        for (Vertex& end : ends)
+            MoveCorner(&end);
+    Vertex corners[4];
+    MakeLine(ends[0], ends[1], corners);
+    Submit(corners, texture, blend);
+}
+
+void Scene::Triple(const Vertex* corners, uint32_t texture, int blend) {
+    Vertex four[4];
+    std::memcpy(four, corners, 3 * sizeof(Vertex));
+    four[3] = four[2];
+    Quad(four, texture, blend);
+}
+
+void Scene::Quad(const Vertex* corners, uint32_t texture, int blend) {
+    if (transform_.identity()) return Submit(corners, texture, blend);
+    Vertex moved[4];
+    std::memcpy(moved, corners, sizeof moved);
+    for (Vertex& corner : moved)
+        MoveCorner(&corner);
+    Submit(moved, texture, blend);
+}
+
+Texture* Scene::FindTexture(uint32_t id) {
+    if (!id) return &textures_.white();
+    Texture* texture = textures_.Find(id);
+    if (!texture) {
+        log_.WriteOnce("draw dead", "graphics: drawing with %08X, which is no texture", id);
+    } else if (texture->target && texture->target == target_) {
+        log_.WriteOnce("draw self", "graphics: a target cannot be drawn into itself");
+        return nullptr;
+    }
+    return texture;
+}
+
+void Scene::Submit(const Vertex* corners, uint32_t id, int blend) {
+    Texture* texture = FindTexture(id);
+    if (!texture) return;
+    QuadRegisters quad(corners);
+    QuadKind kind = id ? quad.Classify() : quad.PositionsAreSane() ? QuadKind::kPlain : QuadKind::kNonsense;
+    if (kind == QuadKind::kNonsense) {
+        log_.WriteOnce("nonsense",
+                       "graphics: positions or texture coordinates that are no numbers or far too large");
+        return;
+    }
+    const TextureSource* source = textures_.Prepare(*texture, kind == QuadKind::kTiled);
+    DeviceVertex* room = source ? Room(source, blend & BLEND_ZWRITE && surface_.depth) : nullptr;
+    if (!room) return;
+    if (id)
+        quad.Write(texture->placement, ModeOf(blend), room);
+    else
+        quad.WriteFlat(texture->placement, ModeOf(blend), room);
+    texture->batch = textures_.batch();
+    ++quads_;
+    if (ring_.full()) Flush();
+}
+
+DeviceVertex* Scene::Room(const TextureSource* source, bool write_depth) {
+    if (source != source_ || write_depth != write_depth_) Flush();
+    source_ = source;
+    write_depth_ = write_depth;
+    return ring_.Next(device_);
+}
+
+}  // namespace hge

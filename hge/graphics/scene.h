@@ -1,0 +1,64 @@
+#pragma once
+
+#include "graphics/pipeline.h"
+#include "graphics/quad_ring.h"
+#include "graphics/texture_store.h"
+
+namespace hge {
+
+// Draws quads to a surface, as many as possible with each draw call.
+class Scene {
+ public:
+    Scene(Log& log, const Device& device, TextureStore& textures);
+
+    // False with the reason in the log.
+    bool Start();
+    void Stop();
+
+    bool open() const { return open_; }
+    uint32_t target() const { return target_; }
+    // target is the handle of the surface's target, 0 for the screen.
+    void Begin(const Surface& surface, uint32_t target);
+    void End();
+    void Clear(uint32_t color);
+    // Draws what is pending.
+    void Flush();
+
+    void SetFilter(bool on);
+    void SetClipping(int x, int y, int w, int h);
+    void SetTransform(const Transform& transform) { transform_ = transform; }
+
+    void Line(const Vertex& from, const Vertex& to, uint32_t texture, int blend);
+    void Triple(const Vertex* corners, uint32_t texture, int blend);
+    void Quad(const Vertex* corners, uint32_t texture, int blend);
+
+    DWORD draws() const { return draws_; }
+    DWORD quads() const { return quads_; }
+    DWORD maps() const { return ring_.maps(); }
+    void ResetCounters();
+
+ private:
+    void Submit(const Vertex* corners, uint32_t texture, int blend);
+    Texture* FindTexture(uint32_t id);
+    void MoveCorner(Vertex* corner) const { transform_.Apply(&corner->x, &corner->y); }
+    DeviceVertex* Room(const TextureSource* source, bool write_depth);
+
+    Log& log_;
+    const Device& device_;
+    TextureStore& textures_;
+    Pipeline pipeline_;
+    QuadRing ring_;
+    Surface surface_;
+    uint32_t target_ = 0;
+    bool open_ = false;
+    bool filter_ = true;
+    Transform transform_;
+    Box clip_;
+    // What the pending quads share.
+    const TextureSource* source_ = nullptr;
+    bool write_depth_ = false;
+    DWORD draws_ = 0;
+    DWORD quads_ = 0;
+};
+
+}  // namespace hge

@@ -1,0 +1,247 @@
+#include "graphics/texture_store.h"
+
+#include <algorithm>
+#include <vector>
+
+namespace hge {
+
+namespace {
+
+constexpr int kPageSize = 1024;
+constexpr int kMaxPages = 64;
+constexpr int kLargestInAtlas = 256;
+constexpr int kConstantly = 8;  // frames in a row
+
+}  // namespace
+
+TextureStore::TextureStore(Log& log, const Device& device, std::function<void()> flush)
+    : log_(log), device_(device), flush_(std::move(flush)), atlas_(kPageSize, kMaxPages) {}
+
+bool TextureStore::Start() {
+    Stop();
+    uploads_ = upload_bytes_ = 0;
+    white_ = Texture();
+    white_.width = white_.height = 1;
+    white_.shadow = PixelShadow(1, 1, {0xFFFFFFFF});
+    return Place(white_);
+}
+
+void TextureStore::Stop() {
+    std::vector<uint32_t> ids;
+    textures_.ForEach([&](uint32_t id, const Texture&) { ids.push_back(id); });
+    for (uint32_t id : ids)
+        textures_.Remove(id);
+    atlas_ = Atlas(kPageSize, kMaxPages);
+    pages_ = {};
+    slices_ = 0;
+}
+
+bool TextureStore::Restore() {
+    pages_ = {};
+    int slices = std::exchange(slices_, 0);
+    bool whole = GrowPages(slices);
+    white_.dirty = white_.whole();
+    textures_.ForEach([&](uint32_t, Texture& texture) {
+        if (texture.target) return;
+        bool wrap = texture.own.wrap;
+        if (!texture.in_atlas) whole &= StandAlone(texture);
+        texture.own.wrap = wrap;
+        texture.dirty = texture.whole();
+    });
+    return whole;
+}
+
+uint32_t TextureStore::Create(PixelShadow shadow, bool mipmaps, const char* name) {
+    auto texture = std::make_unique<Texture>();
+    texture->width = shadow.width();
+    texture->height = shadow.height();
+    texture->shadow = std::move(shadow);
+    texture->mipmaps = mipmaps;
+    bool placed = Place(*texture);
+    Texture& placed_texture = *texture;
+    uint32_t id = placed ? textures_.Insert(std::move(texture)) : 0;
+    if (!id) {
+        if (placed) LeaveAtlas(placed_texture);
+        log_.Fail("cannot create the texture \"%s\" of %d x %d pixels: the device has no room", name,
+                  placed_texture.width, placed_texture.height);
+    }
+    return id;
+}
+
+uint32_t TextureStore::CreateForTarget(uint32_t target, int width, int height, TextureSource source) {
+    auto texture = std::make_unique<Texture>();
+    texture->width = width;
+    texture->height = height;
+    texture->target = target;
+    texture->own = std::move(source);
+    return textures_.Insert(std::move(texture));
+}
+
+void TextureStore::Free(uint32_t id) {
+    Texture* texture = Find(id);
+    if (!texture) return;
+    FlushIfPending(*texture);
+    LeaveAtlas(*texture);
+    textures_.Remove(id);
+}
+
+uint32_t* TextureStore::Lock(uint32_t id, bool read_only, int left, int top, int width, int height) {
+    Texture* texture = Find(id);
+    if (!texture) {
+        log_.WriteOnce("lock dead", "Texture_Lock: %08X is no texture", id);
+        return nullptr;
+    }
+    if (texture->target) {
+        log_.WriteOnce("lock target", "Texture_Lock: a target's texture cannot be locked");
+        return nullptr;
+    }
+    if (texture->shadow.locked()) {
+        log_.WriteOnce("lock twice", "Texture_Lock: the texture is locked already");
+        return nullptr;
+    }
+    uint32_t* pixels = texture->shadow.Lock(read_only, left, top, width, height);
+    if (!pixels)
+        log_.WriteOnce("lock outside",
+                       "Texture_Lock: %d x %d pixels at (%d, %d) leave the texture of %d x %d", width, height,
+                       left, top, texture->width, texture->height);
+    return pixels;
+}
+
+void TextureStore::Unlock(uint32_t id) {
+    Texture* texture = Find(id);
+    Box changed;
+    if (!texture || !texture->shadow.Unlock(&changed)) {
+        log_.WriteOnce("unlock", "Texture_Unlock: %08X is no locked texture", id);
+        return;
+    }
+    texture->dirty = Union(texture->dirty, changed);
+}
+
+bool TextureStore::Place(Texture& texture) {
+    texture.dirty = texture.whole();
+    bool small = std::max(texture.width, texture.height) <= kLargestInAtlas;
+    if (small && !texture.mipmaps && PlaceInAtlas(texture)) return true;
+    return StandAlone(texture);
+}
+
+bool TextureStore::PlaceInAtlas(Texture& texture) {
+    auto slot = atlas_.Allocate(texture.width + 2, texture.height + 2);
+    if (!slot) return false;
+    if (!GrowPages(atlas_.pages())) {
+        atlas_.Free(*slot);
+        return false;
+    }
+    constexpr float kTexel = 1.0f / kPageSize;
+    texture.in_atlas = true;
+    texture.slot = *slot;
+    texture.placement = {static_cast<float>(texture.width) * kTexel,
+                         static_cast<float>(texture.height) * kTexel,
+                         static_cast<float>(slot->x + 1) * kTexel, static_cast<float>(slot->y + 1) * kTexel,
+                         static_cast<uint32_t>(slot->page)};
+    return true;
+}
+
+void TextureStore::LeaveAtlas(Texture& texture) {
+    if (!texture.in_atlas) return;
+    atlas_.Free(texture.slot);
+    texture.in_atlas = false;
+    texture.placement = {};
+}
+
+bool TextureStore::GrowPages(int pages) {
+    if (pages <= slices_) return true;
+    int slices = std::max(slices_, 1);
+    while (slices < pages)
+        slices *= 2;
+    TextureSource grown = device_.MakeTexture(kPageSize, kPageSize, slices, Device::Use::kSample);
+    if (!grown) return false;
+    for (int slice = 0; slice < slices_; ++slice)
+        device_.context()->CopySubresourceRegion(grown.texture.Get(), static_cast<UINT>(slice), 0, 0, 0,
+                                                 pages_.texture.Get(), static_cast<UINT>(slice), nullptr);
+    pages_ = std::move(grown);
+    slices_ = slices;
+    return true;
+}
+
+bool TextureStore::StandAlone(Texture& texture) {
+    auto use = texture.mipmaps ? Device::Use::kSampleMipmaps : Device::Use::kSample;
+    texture.own = device_.MakeTexture(texture.width, texture.height, 1, use);
+    return static_cast<bool>(texture.own);
+}
+
+// Repeating needs the device's own addressing, which knows whole textures only.
+bool TextureStore::Repeat(Texture& texture) {
+    FlushIfPending(texture);
+    if (texture.in_atlas) {
+        if (!StandAlone(texture)) return false;
+        LeaveAtlas(texture);
+        texture.dirty = texture.whole();
+    }
+    return texture.own.wrap = true;
+}
+
+bool TextureStore::RewrittenConstantly(Texture& texture) {
+    if (texture.upload_frame != frame_) {
+        bool in_a_row = texture.upload_frame + 1 == frame_;
+        texture.frames_rewritten = in_a_row ? texture.frames_rewritten + 1 : 0;
+        texture.upload_frame = frame_;
+    }
+    return texture.frames_rewritten >= kConstantly;
+}
+
+void TextureStore::FlushIfPending(const Texture& texture) {
+    if (texture.batch == batch_) flush_();
+}
+
+bool TextureStore::MakeReady(Texture& texture, bool tiled) {
+    if (tiled && !texture.own.wrap && !Repeat(texture)) {
+        log_.WriteOnce("repeat", "graphics: no room on the device for a repeating texture");
+        return false;
+    }
+    if (!texture.in_atlas && !texture.own) return false;
+    if (!texture.dirty.empty()) Upload(texture);
+    return true;
+}
+
+void TextureStore::Upload(Texture& texture) {
+    FlushIfPending(texture);
+    if (texture.in_atlas && RewrittenConstantly(texture) && StandAlone(texture)) {
+        LeaveAtlas(texture);
+        texture.dirty = texture.whole();
+    }
+    if (texture.in_atlas)
+        UploadToAtlas(texture);
+    else
+        UploadAlone(texture);
+    texture.dirty = {};
+}
+
+void TextureStore::UploadToAtlas(const Texture& texture) {
+    MakeAtlasUpload(texture.shadow, texture.dirty, &staging_);
+    const Box& box = staging_.box;
+    auto left = static_cast<UINT>(texture.slot.x + box.left);
+    auto top = static_cast<UINT>(texture.slot.y + box.top);
+    auto width = static_cast<UINT>(box.width());
+    D3D11_BOX where{left, top, 0, left + width, top + static_cast<UINT>(box.height()), 1};
+    device_.context()->UpdateSubresource(pages_.texture.Get(), static_cast<UINT>(texture.slot.page), &where,
+                                         staging_.pixels.data(), width * 4, 0);
+    CountUpload(box);
+}
+
+void TextureStore::UploadAlone(const Texture& texture) {
+    const Box& box = texture.dirty;
+    D3D11_BOX where{static_cast<UINT>(box.left),  static_cast<UINT>(box.top),    0,
+                    static_cast<UINT>(box.right), static_cast<UINT>(box.bottom), 1};
+    device_.context()->UpdateSubresource(texture.own.texture.Get(), 0, &where,
+                                         texture.shadow.Pixel(box.left, box.top),
+                                         static_cast<UINT>(texture.width) * 4, 0);
+    if (texture.mipmaps) device_.context()->GenerateMips(texture.own.view.Get());
+    CountUpload(box);
+}
+
+void TextureStore::CountUpload(const Box& box) {
+    ++uploads_;
+    upload_bytes_ += static_cast<DWORD>(box.width()) * static_cast<DWORD>(box.height()) * 4;
+}
+
+}  // namespace hge

@@ -1,0 +1,101 @@
+#pragma once
+
+#include <functional>
+
+#include "core/handle_table.h"
+#include "graphics/atlas.h"
+#include "graphics/device.h"
+#include "graphics/pixel_shadow.h"
+#include "graphics/vertex.h"
+
+namespace hge {
+
+struct Texture {
+    Placement placement;
+    Box dirty;           // pixels that the device does not have yet
+    uint32_t batch = 0;  // the batch that drew from it last
+    bool in_atlas = false;
+    AtlasSlot slot;     // where in the atlas
+    TextureSource own;  // else its own
+    int width = 0, height = 0;
+    uint32_t target = 0;  // the target that it belongs to; such a texture has no shadow
+    bool mipmaps = false;
+    PixelShadow shadow;
+    uint32_t upload_frame = 0;
+    int frames_rewritten = 0;  // in a row
+
+    Box whole() const { return {0, 0, width, height}; }
+};
+
+// Owns the textures. Small ones share the pages of an atlas, so that changing between them costs no draw
+// call; large, repeating, mipmapped and constantly rewritten ones and those of targets stand alone.
+class TextureStore {
+ public:
+    // flush draws what is pending; it is called before pixels change that pending quads show.
+    TextureStore(Log& log, const Device& device, std::function<void()> flush);
+
+    // False when the device refuses.
+    bool Start();
+    void Stop();
+    // Gives a new device all textures but those of targets.
+    bool Restore();
+
+    // 0 with the reason in the log. name is for the log.
+    uint32_t Create(PixelShadow shadow, bool mipmaps, const char* name);
+    uint32_t CreateForTarget(uint32_t target, int width, int height, TextureSource source);
+    // Not for a target's texture: that one ends with its target.
+    void Free(uint32_t id);
+    Texture* Find(uint32_t id) const { return textures_.Find(id); }
+    // A white texel, for quads without a texture.
+    Texture& white() { return white_; }
+
+    // Null with the reason in the log.
+    uint32_t* Lock(uint32_t id, bool read_only, int left, int top, int width, int height);
+    void Unlock(uint32_t id);
+
+    // What to draw the texture from, its pixels up to date; null when the device refuses.
+    const TextureSource* Prepare(Texture& texture, bool tiled) {
+        bool ready = texture.dirty.empty() && (!tiled || texture.own.wrap);
+        if (!ready && !MakeReady(texture, tiled)) return nullptr;
+        return texture.in_atlas ? &pages_ : &texture.own;
+    }
+
+    uint32_t batch() const { return batch_; }
+    void NextBatch() { ++batch_; }
+    void NextFrame() { ++frame_; }
+
+    size_t size() const { return textures_.size(); }
+    DWORD uploads() const { return uploads_; }
+    DWORD upload_bytes() const { return upload_bytes_; }
+
+ private:
+    bool MakeReady(Texture& texture, bool tiled);
+    bool Place(Texture& texture);
+    bool PlaceInAtlas(Texture& texture);
+    void LeaveAtlas(Texture& texture);
+    bool GrowPages(int pages);
+    bool StandAlone(Texture& texture);
+    bool Repeat(Texture& texture);
+    bool RewrittenConstantly(Texture& texture);
+    void FlushIfPending(const Texture& texture);
+    void Upload(Texture& texture);
+    void UploadToAtlas(const Texture& texture);
+    void UploadAlone(const Texture& texture);
+    void CountUpload(const Box& box);
+
+    Log& log_;
+    const Device& device_;
+    std::function<void()> flush_;
+    HandleTable<Texture, HandleKind::kTexture> textures_;
+    Texture white_;
+    Atlas atlas_;
+    TextureSource pages_;
+    int slices_ = 0;
+    AtlasUpload staging_;
+    uint32_t batch_ = 1;
+    uint32_t frame_ = 1;
+    DWORD uploads_ = 0;
+    DWORD upload_bytes_ = 0;
+};
+
+}  // namespace hge

@@ -1,0 +1,119 @@
+#include "hge/graphics/renderer_fixture.h"
+
+#include <fstream>
+#include <iterator>
+
+namespace test {
+
+hge::Log* RendererTest::log_ = nullptr;
+hge::Graphics* RendererTest::graphics_ = nullptr;
+HWND RendererTest::window_ = nullptr;
+
+void RendererTest::StartRenderer(bool zbuffer) {
+    window_ = CreateWindowExA(0, "STATIC", "renderer test", WS_POPUP | WS_VISIBLE, 0, 0, kWidth, kHeight,
+                              nullptr, nullptr, nullptr, nullptr);
+    log_ = new hge::Log;
+    log_->Open("graphics_test.log");
+    graphics_ = new hge::Graphics(*log_);
+    hge::GraphicsSettings settings;
+    settings.window = window_;
+    settings.width = kWidth;
+    settings.height = kHeight;
+    settings.zbuffer = zbuffer;
+    ASSERT_TRUE(graphics_->Start(settings)) << log_->LastError();
+}
+
+void RendererTest::TearDownTestSuite() {
+    delete graphics_;
+    delete log_;
+    DestroyWindow(window_);
+}
+
+void RendererTest::TearDown() {
+    gfx().EndScene();
+    for (HTEXTURE texture : textures_)
+        gfx().FreeTexture(texture);
+    hgeCounters now = Counters();
+    EXPECT_EQ(now.textures, before_.textures);
+    EXPECT_EQ(now.targets, before_.targets);
+}
+
+std::string RendererTest::LogText() {
+    std::ifstream file("graphics_test.log");
+    return {std::istreambuf_iterator<char>(file), {}};
+}
+
+hgeCounters RendererTest::Counters() {
+    hgeCounters counters{};
+    gfx().AddCounters(&counters);
+    return counters;
+}
+
+hgeCounters RendererTest::Work() {
+    hgeCounters now = Counters();
+    hgeCounters work = now;
+    work.frames -= before_.frames;
+    work.draws -= before_.draws;
+    work.quads -= before_.quads;
+    work.buffer_maps -= before_.buffer_maps;
+    work.uploads -= before_.uploads;
+    work.upload_bytes -= before_.upload_bytes;
+    now.textures = before_.textures;
+    now.targets = before_.targets;
+    before_ = now;
+    return work;
+}
+
+hge::Image RendererTest::Screen(const std::function<void()>& draw, DWORD background) {
+    EXPECT_TRUE(gfx().BeginScene(0));
+    gfx().Clear(background);
+    draw();
+    gfx().EndScene();
+    hge::Image screen;
+    EXPECT_TRUE(gfx().ReadScreen(&screen));
+    return screen;
+}
+
+HTEXTURE RendererTest::MakeTexture(int width, int height,
+                                   const std::function<uint32_t(int x, int y)>& pixel) {
+    HTEXTURE texture = gfx().CreateTexture(MakePicture(width, height, pixel), false, "test");
+    EXPECT_NE(texture, 0u) << log().LastError();
+    textures_.push_back(texture);
+    return texture;
+}
+
+uint32_t RendererTest::Pattern(int x, int y) {
+    auto red = static_cast<uint32_t>(x * 37 & 0xFF);
+    auto green = static_cast<uint32_t>(y * 53 & 0xFF);
+    auto blue = static_cast<uint32_t>((x ^ y) * 91 & 0xFF);
+    return 0xFF000000 | red << 16 | green << 8 | blue;
+}
+
+void RendererTest::Write(HTEXTURE texture, int x, int y, int width, int height, uint32_t color) {
+    DWORD* pixel = gfx().LockTexture(texture, false, x, y, width, height);
+    ASSERT_NE(pixel, nullptr);
+    int stride = gfx().TextureWidth(texture, false);
+    for (int row = 0; row < height; ++row)
+        std::fill_n(pixel + row * stride, width, color);
+    gfx().UnlockTexture(texture);
+}
+
+hgeQuad RendererTest::Quad(float x, float y, float width, float height, HTEXTURE texture, DWORD color,
+                           int blend) {
+    hgeQuad quad{};
+    quad.v[0] = {x, y, 0.5f, color, 0, 0};
+    quad.v[1] = {x + width, y, 0.5f, color, 1, 0};
+    quad.v[2] = {x + width, y + height, 0.5f, color, 1, 1};
+    quad.v[3] = {x, y + height, 0.5f, color, 0, 1};
+    quad.tex = texture;
+    quad.blend = blend;
+    return quad;
+}
+
+void RendererTest::DrawQuad(float x, float y, float width, float height, HTEXTURE texture, DWORD color,
+                            int blend) {
+    hgeQuad quad = Quad(x, y, width, height, texture, color, blend);
+    gfx().RenderQuad(&quad);
+}
+
+}  // namespace test

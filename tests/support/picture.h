@@ -1,0 +1,30 @@
+#pragma once
+
+#include <gtest/gtest.h>
+
+#include <functional>
+#include <string>
+
+#include "resources/image.h"
+
+namespace test {
+
+// How far a channel may be off, and why that is right.
+struct Tolerance {
+    int per_channel = 0;
+    std::string reason;
+};
+
+// A picture computed pixel by pixel.
+hge::Image MakePicture(int width, int height, const std::function<uint32_t(int x, int y)>& pixel);
+
+// A picture from a file beside the test program; a failed expectation when it cannot be read.
+hge::Image LoadPicture(const std::string& path);
+
+// Succeeds when every channel of every pixel is within the tolerance. Otherwise the folder "pictures" below
+// the working folder keeps NAME-actual.png, NAME-expected.png and NAME-difference.png, and the message names
+// them.
+testing::AssertionResult SamePicture(const std::string& name, const hge::Image& actual,
+                                     const hge::Image& expected, const Tolerance& tolerance = {});
+
+}  // namespace test
