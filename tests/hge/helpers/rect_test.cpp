@@ -33,6 +33,8 @@ TEST(RectTest, OverlapsButDoesNotTouch) {
     EXPECT_TRUE(inside.Intersect(&rect));
     EXPECT_FALSE(rect.Intersect(&beside));
     EXPECT_FALSE(rect.Intersect(&below));
+    EXPECT_FALSE(beside.Intersect(&rect));
+    EXPECT_FALSE(below.Intersect(&rect));
     EXPECT_FALSE(rect.Intersect(nullptr));
     hgeRect square;
     square.SetRadius(12, 5, 3);
