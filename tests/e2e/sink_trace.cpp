@@ -1,0 +1,80 @@
+// Runs the engine with a control in the middle and writes every frame with a mouse event to sink_trace.txt, a
+// frame a line, its calls in order. Ends itself on Escape.
+#include <drill2d/drill2d.h>
+#include <hgegui.h>
+
+#include <cstdarg>
+#include <cstdio>
+#include <memory>
+#include <string>
+
+namespace {
+
+std::string g_frame;      // this frame's calls
+bool g_eventful = false;  // it holds more than the calls of every frame
+std::FILE* g_file = nullptr;
+
+void Note(bool event, const char* format, ...) {
+    char text[64];
+    va_list args;
+    va_start(args, format);
+    std::vsnprintf(text, sizeof text, format, args);
+    va_end(args);
+    if (!g_frame.empty()) g_frame += ' ';
+    g_frame += text;
+    g_eventful |= event;
+}
+
+class Pad : public hgeGUIObject {
+ public:
+    Pad() { rect.Set(300, 250, 500, 350); }
+    void Render() override { hgeSprite(0, 0, 0, 200, 100).Render(rect.x1, rect.y1); }
+    bool MouseLButton(bool down) override {
+        Note(true, "Pad(%d)", down);
+        return false;
+    }
+};
+
+class Trace : public I2DGameEngineSink {
+ public:
+    void OnInit() override {
+        Engine()->AddControl(new Pad);
+        std::fprintf(g_file, "OnInit\n");
+        std::fflush(g_file);
+    }
+    void OnFrame(float, int id) override {
+        Note(id != 0, "OnFrame(%d)", id);
+        if (Engine()->GetHge()->Input_KeyDown(HGEK_ESCAPE)) PostQuitMessage(0);
+    }
+    void OnLButtonDown(float x, float y) override { Note(true, "OnLButtonDown(%g,%g)", x, y); }
+    void OnLButtonUp(float x, float y) override { Note(true, "OnLButtonUp(%g,%g)", x, y); }
+    void OnRButtonDown(float x, float y) override { Note(true, "OnRButtonDown(%g,%g)", x, y); }
+    void OnRButtonUp(float x, float y) override { Note(true, "OnRButtonUp(%g,%g)", x, y); }
+    void OnMouseMove(float x, float y) override { Note(false, "OnMouseMove(%g,%g)", x, y); }
+    void OnRender() override {
+        Note(false, "OnRender");
+        if (g_eventful) std::fprintf(g_file, "%s\n", g_frame.c_str());
+        std::fflush(g_file);
+        g_frame.clear();
+        g_eventful = false;
+    }
+    void OnRenderTarget() override {}
+    void OnRenderTarget1() override {}
+
+ private:
+    static I2DGameEngine* Engine() { return C2DGameEngine::Get2DGameEngineInstance(); }
+};
+
+}  // namespace
+
+int main() {
+    g_file = std::fopen("sink_trace.txt", "w");
+    if (!g_file) return 2;
+    Trace trace;
+    std::unique_ptr<I2DGameEngine> engine(C2DGameEngine::Get2DGameEngineInstance());
+    engine->SetEngineSink(static_cast<I2DGameEngineSink*>(&trace));
+    bool ran = engine->InitHge(800, 600, "sink_trace", false);
+    std::fprintf(g_file, "end\n");
+    std::fclose(g_file);
+    return ran ? 0 : 1;
+}
