@@ -126,16 +126,6 @@ bool C2DGameEngine::SetCursor(const char* file, CGameResourceManager* res) {
     return true;
 }
 
-// Effects and screenshots are inert in this build; the log says so.
-void C2DGameEngine::CreateFx(char* effectFile) {
-    if (m_pGui)
-        m_pHge->System_Log("CreateFx(%s): not available in this build", effectFile ? effectFile : "null");
-}
-
-void C2DGameEngine::saveImage(const char* /*dir*/) {
-    if (m_pGui) m_pHge->System_Log("saveImage: not available in this build");
-}
-
 I2DGameEngineSink* C2DGameEngine::GetEngineSink() {
     return m_pSink;
 }

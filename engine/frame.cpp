@@ -1,5 +1,5 @@
 #include "drill2d/engine.h"
-#include "drill2d/flash.h"
+#include "drill2d/resources.h"
 #include "hgegui.h"
 
 namespace {
@@ -62,6 +62,40 @@ void RouteMouse(HGE* hge, hgeGUI* gui, I2DGameEngineSink* sink, int id) {
     if (screen.TestPoint(x, y) && sink) sink->OnMouseMove(x, y);
 }
 
+void RenderPlainly(HGE* hge, hgeGUI* gui, I2DGameEngineSink* sink) {
+    hge->Gfx_BeginScene(0);
+    hge->Gfx_Clear(0);
+    if (sink) sink->OnRender();
+    FlashManager::Render();
+    gui->Render();
+    hge->Gfx_EndScene();
+}
+
+void RenderThroughEffect(I2DGameEngine* engine, HGE* hge, hgeGUI* gui, I2DGameEngineSink* sink) {
+    // Taken before the sink runs: it may set up the effect anew.
+    HTARGET target = engine->GetTaget();
+    HTARGET target1 = engine->GetTaget1();
+    CGameSprite* back = engine->GetBackSpr();
+
+    hge->Gfx_BeginScene(target);
+    hge->Gfx_Clear(0);
+    if (sink) sink->OnRenderTarget();
+    FlashManager::Render();
+    gui->Render();
+    hge->Gfx_EndScene();
+
+    hge->Gfx_BeginScene(target1);
+    hge->Gfx_Clear(0);
+    if (sink) sink->OnRenderTarget1();
+    hge->Gfx_EndScene();
+
+    hge->Gfx_BeginScene(0);
+    hge->Gfx_Clear(0);
+    if (sink) sink->OnRender();
+    if (back && back->GetSprite()) back->GetSprite()->Render(0, 0);
+    hge->Gfx_EndScene();
+}
+
 }  // namespace
 
 bool C2DGameEngine::FrameFuc() {
@@ -90,11 +124,9 @@ bool C2DGameEngine::Render() {
     I2DGameEngineSink* sink = engine->GetEngineSink();
     if (!hge || !gui) return false;
 
-    hge->Gfx_BeginScene(0);
-    hge->Gfx_Clear(0);
-    if (sink) sink->OnRender();
-    FlashManager::Render();
-    gui->Render();
-    hge->Gfx_EndScene();
+    if (engine->IsEnableFx())
+        RenderThroughEffect(engine, hge, gui, sink);
+    else
+        RenderPlainly(hge, gui, sink);
     return false;
 }

@@ -1,0 +1,84 @@
+#include <ctime>
+#include <sstream>
+#include <string>
+
+#include "drill2d/engine.h"
+
+namespace {
+
+constexpr DWORD kMillisecondsBetweenShots = 300;
+constexpr unsigned long long kTicksFrom1601To1970 = 116444736000000000ull;
+
+DWORD g_last_shot_tick = 0;
+
+bool IsTooSoon() {
+    DWORD now = GetTickCount();
+    if (g_last_shot_tick != 0 && now - g_last_shot_tick < kMillisecondsBetweenShots) return true;
+    g_last_shot_tick = now;
+    return false;
+}
+
+// A character that the code page lacks becomes "_", which file names may hold.
+std::string ToAnsi(const wchar_t* text) {
+    char buffer[16] = {};
+    WideCharToMultiByte(CP_ACP, 0, text, -1, buffer, sizeof buffer, GetACP() == CP_UTF8 ? nullptr : "_",
+                        nullptr);
+    return buffer;
+}
+
+// Where the last backslash of a path ends; 0 without one. Steps by character: in a double-byte code page the
+// second byte of an ideograph may look like a backslash.
+size_t EndOfFolder(const std::string& path) {
+    size_t end = 0;
+    for (const char* at = path.c_str(); *at; at = CharNextA(at))
+        if (*at == '\\') end = static_cast<size_t>(at - path.c_str()) + 1;
+    return end;
+}
+
+std::string ProgramFolder() {
+    char path[MAX_PATH] = {};
+    GetModuleFileNameA(nullptr, path, MAX_PATH);
+    std::string folder(path, strnlen(path, MAX_PATH));
+    folder.resize(EndOfFolder(folder));
+    return folder;
+}
+
+unsigned long long MicrosecondsSince1970() {
+    FILETIME time;
+    GetSystemTimeAsFileTime(&time);
+    unsigned long long ticks =
+        static_cast<unsigned long long>(time.dwHighDateTime) << 32 | time.dwLowDateTime;
+    return (ticks - kTicksFrom1601To1970) / 10;
+}
+
+std::string FileName(const char* prefix) {
+    __time64_t now = _time64(nullptr);
+    const tm* local = _localtime64(&now);
+    std::ostringstream name;
+    name << (prefix ? prefix : "") << local->tm_year + 1900 << ToAnsi(L"\u5e74") << local->tm_mon + 1
+         << ToAnsi(L"\u6708") << local->tm_mday << ToAnsi(L"\u65e5") << ' ' << local->tm_hour
+         << ToAnsi(L"\u65f6") << local->tm_min << ToAnsi(L"\u5206") << local->tm_sec << ToAnsi(L"\u79d2")
+         << '_' << MicrosecondsSince1970() << ".bmp";
+    return name.str();
+}
+
+void CreateFolders(std::string path) {
+    for (const char* at = path.c_str(); *at; at = CharNextA(at)) {
+        if (*at != '\\') continue;
+        size_t length = static_cast<size_t>(at - path.c_str());
+        CreateDirectoryA(path.substr(0, length).c_str(), nullptr);
+    }
+    CreateDirectoryA(path.c_str(), nullptr);
+}
+
+}  // namespace
+
+void C2DGameEngine::saveImage(const char* dir) {
+    if (!m_pGui || IsTooSoon()) return;
+    std::string folder = ProgramFolder();
+    if (folder.empty()) return;
+    std::string file = FileName(dir);
+    folder += "pic\\";
+    CreateFolders(folder);
+    m_pHge->System_Snapshot((folder + file).c_str());
+}
