@@ -1,0 +1,220 @@
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <memory>
+
+#include "drill2d/resources.h"
+#include "engine/recording_sink.h"
+#include "support/win32_seams.h"
+
+using testing::ElementsAre;
+using testing::IsEmpty;
+
+namespace {
+
+class EngineTest : public testing::Test {
+ protected:
+    void SetUp() override {
+        Recording().Reset();
+        win32_seams::Reset();
+        engine_ = std::make_unique<C2DGameEngine>();
+    }
+    // As a host does: start, then inside the loop what `loop` does.
+    bool Start(
+        std::function<void()> loop = [] {}, const char* title = "Drill", bool zbuffer = true) {
+        Recording().on_start = [loop] {
+            Recording().ClearCalls();
+            loop();
+            return true;
+        };
+        return engine_->InitHge(800, 600, title, zbuffer);
+    }
+
+    std::unique_ptr<C2DGameEngine> engine_;
+    RecordingSink sink_;
+};
+
+TEST_F(EngineTest, StartsEmptyAndInert) {
+    EXPECT_EQ(engine_->GetHge(), nullptr);
+    EXPECT_EQ(engine_->GetGui(), nullptr);
+    EXPECT_EQ(engine_->GetEngineSink(), nullptr);
+    EXPECT_FALSE(engine_->IsEnableFx());
+    EXPECT_FALSE(engine_->IsGameTimeEnd());
+    EXPECT_EQ(engine_->GetSoundSize(), 0u);
+
+    RecordingControl control("control");
+    control.id = 77;
+    engine_->AddControl(&control);
+    engine_->RemoveControl(&control);
+    engine_->GotoTailControl(&control);
+    EXPECT_FALSE(engine_->SetCursor("cursor.png", nullptr));
+    EXPECT_EQ(engine_->Play2DSound("a.wav"), nullptr);
+    engine_->PlayMusic("a.ogg", true);
+    engine_->CreateFx(nullptr);
+    engine_->saveImage(nullptr);
+    EXPECT_EQ(control.id, 77);
+    engine_.reset();
+    EXPECT_THAT(Recording().AllCalls(), IsEmpty());
+}
+
+TEST_F(EngineTest, TheInstanceIsOneForEver) {
+    EXPECT_EQ(C2DGameEngine::Get2DGameEngineInstance(), C2DGameEngine::Get2DGameEngineInstance());
+}
+
+TEST_F(EngineTest, ANullSinkIsRefused) {
+    EXPECT_TRUE(engine_->SetEngineSink(static_cast<I2DGameEngineSink*>(&sink_)));
+    EXPECT_FALSE(engine_->SetEngineSink(nullptr));
+    EXPECT_EQ(engine_->GetEngineSink(), &sink_);
+}
+
+TEST_F(EngineTest, StartsTheFrameworkInOrder) {
+    std::vector<std::string> before_loop;
+    engine_->SetEngineSink(static_cast<I2DGameEngineSink*>(&sink_));
+    sink_.on["OnInit"] = [this] {
+        EXPECT_NE(engine_->GetGui(), nullptr);
+        EXPECT_EQ(engine_->GetHge(), &Recording());
+    };
+    Recording().on_start = [&] {
+        before_loop = Story(Recording().Calls());
+        return false;
+    };
+    EXPECT_TRUE(engine_->InitHge(800, 600, "Drill", true)) << "the loop's result does not count";
+
+    EXPECT_THAT(
+        before_loop,
+        ElementsAre("System_SetState(HGE_FRAMEFUNC, <func>)", "System_SetState(HGE_RENDERFUNC, <func>)",
+                    "System_SetState(HGE_TITLE, \"\")", "System_SetState(HGE_WINDOWED, false)",
+                    "System_SetState(HGE_SCREENBPP, 32)", "System_SetState(HGE_SCREENWIDTH, 800)",
+                    "System_SetState(HGE_SCREENHEIGHT, 600)", "System_SetState(HGE_USESOUND, true)",
+                    "System_SetState(HGE_FPS, 60)", "System_SetState(HGE_ZBUFFER, true)",
+                    "System_SetState(HGE_SHOWSPLASH, false)", "System_SetState(HGE_DONTSUSPEND, true)",
+                    "System_SetState(HGE_HIDEMOUSE, false)", "System_SetState(HGE_TITLE, \"Drill\")",
+                    "System_SetState(HGE_LOGFILE, \"game.log\")", "System_Initiate()", "OnInit",
+                    "System_Start()"));
+    EXPECT_EQ(Recording().System_GetState(HGE_FRAMEFUNC), &C2DGameEngine::FrameFuc);
+    EXPECT_EQ(Recording().System_GetState(HGE_RENDERFUNC), &C2DGameEngine::Render);
+}
+
+TEST_F(EngineTest, ANullTitleLeavesItEmpty) {
+    Start([] {}, nullptr, false);
+    EXPECT_STREQ(Recording().System_GetState(HGE_TITLE), "");
+    EXPECT_FALSE(Recording().System_GetState(HGE_ZBUFFER));
+}
+
+TEST_F(EngineTest, AFailedStartGivesTheFrameworkBackOnce) {
+    Recording().initiate_result = false;
+    engine_->SetEngineSink(static_cast<I2DGameEngineSink*>(&sink_));
+    EXPECT_FALSE(Start());
+    std::vector<std::string> calls = Recording().AllCalls();
+    ASSERT_GE(calls.size(), 3u);
+    EXPECT_THAT(std::vector<std::string>(calls.end() - 3, calls.end()),
+                ElementsAre("System_Initiate()", "System_Shutdown()", "Release()"));
+    EXPECT_EQ(engine_->GetGui(), nullptr);
+    engine_.reset();
+    EXPECT_EQ(Recording().references, 0);
+    EXPECT_THAT(Recording().Faults(), IsEmpty());
+}
+
+TEST_F(EngineTest, TrainingTimeSetInOnInitIsCleared) {
+    win32_seams::SetTick(1000);
+    engine_->SetEngineSink(static_cast<I2DGameEngineSink*>(&sink_));
+    sink_.on["OnInit"] = [this] {
+        engine_->setGameTimeTotal(10);
+        engine_->initPlayTime();
+        engine_->playGame();
+    };
+    Start([this] {
+        win32_seams::AdvanceTick(500);
+        EXPECT_EQ(engine_->getPlayTimed(), 0);
+        engine_->initPlayTime();
+        win32_seams::AdvanceTick(70);
+        EXPECT_EQ(engine_->getPlayTimed(), 70);
+    });
+}
+
+TEST_F(EngineTest, ControlsGetRisingIdsAndTheFocus) {
+    Start([this] {
+        auto* first = new RecordingControl("first");
+        auto* second = new RecordingControl("second");
+        engine_->AddControl(first);
+        EXPECT_EQ(engine_->GetGui()->GetFocus(), first->id);
+        engine_->AddControl(second);
+        EXPECT_EQ(second->id, first->id + 1);
+        EXPECT_EQ(engine_->GetGui()->GetFocus(), second->id);
+
+        engine_->RemoveControl(second);
+        EXPECT_EQ(engine_->GetGui()->GetCtrl(second->id), nullptr);
+        int used = second->id;
+        engine_->AddControl(second);
+        EXPECT_EQ(second->id, used + 1) << "ids are not used again";
+
+        Recording().ClearCalls();
+        engine_->GotoTailControl(first);
+        engine_->GotoTailControl(first);
+        engine_->GetGui()->Render();
+        EXPECT_THAT(Story(Recording().Calls()), ElementsAre("second drawn", "first drawn"));
+        engine_->AddControl(nullptr);
+        engine_->RemoveControl(nullptr);
+        engine_->GotoTailControl(nullptr);
+    });
+}
+
+TEST_F(EngineTest, ADifferentCursorReplacesTheFirst) {
+    Recording().files["cursor.png"] = "image";
+    Start([this] {
+        CGameResourceManager manager(&Recording());
+        manager.AttachPacket("pack.zip");
+        manager.SetCurPacket("pack.zip");
+        int before = Recording().references;
+        EXPECT_TRUE(engine_->SetCursor("cursor.png", &manager));
+        EXPECT_TRUE(engine_->SetCursor("cursor.png", &manager));
+        EXPECT_EQ(Recording().references, before + 2) << "one CGameSprite with one hgeSprite";
+
+        Recording().mouse_x = 40;
+        Recording().mouse_y = 30;
+        engine_->GetGui()->Render();
+        ASSERT_EQ(Recording().quads.size(), 1u);
+        EXPECT_EQ(Recording().quads[0].v[0].x, 40);
+        EXPECT_EQ(Recording().quads[0].v[0].y, 30);
+
+        Recording().quads.clear();
+        EXPECT_TRUE(engine_->SetCursor("missing.png", &manager)) << "the sprite is kept, empty";
+        engine_->GetGui()->Render();
+        EXPECT_TRUE(Recording().quads.empty());
+        manager.FreePacketResource("pack.zip");
+    });
+}
+
+TEST_F(EngineTest, EndsInOrderAndGivesEverythingBack) {
+    engine_->SetEngineSink(static_cast<I2DGameEngineSink*>(&sink_));
+    Start([this] {
+        engine_->AddControl(new RecordingControl("control"));
+        engine_->SetCursor("cursor.png", nullptr);
+    });
+    Recording().ClearCalls();
+    engine_.reset();
+    EXPECT_THAT(Story(Recording().Calls()), ElementsAre("control deleted", "System_Shutdown()"));
+    EXPECT_EQ(Recording().AllCalls().back(), "Release()");
+    EXPECT_EQ(Recording().references, 0);
+    EXPECT_THAT(Recording().Faults(), IsEmpty());
+}
+
+TEST_F(EngineTest, EffectsMakeTwoTargetsAndOneSpriteOverBoth) {
+    char file[] = "ripple.hlsl";
+    Start([&] {
+        engine_->CreateFx(file);
+        EXPECT_THAT(Recording().Calls(),
+                    ElementsAre("Target_Create(800, 600, false)", "Target_Create(800, 600, false)",
+                                "Gfx_LoadEffect(\"ripple.hlsl\")"));
+        EXPECT_TRUE(engine_->IsEnableFx());
+        ASSERT_NE(engine_->GetBackSpr(), nullptr);
+        EXPECT_EQ(engine_->GetBackSpr()->GetTexture(), Recording().Target_GetTexture(engine_->GetTaget()));
+
+        Recording().effect_result = false;
+        engine_->CreateFx(file);
+        EXPECT_FALSE(engine_->IsEnableFx()) << "an effect that does not load leaves the plain path";
+        EXPECT_EQ(Recording().targets.size(), 4u) << "earlier targets stay";
+    });
+}
+
+}  // namespace

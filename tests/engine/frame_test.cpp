@@ -1,0 +1,212 @@
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include "engine/recording_sink.h"
+#include "support/win32_seams.h"
+
+using testing::Contains;
+using testing::ElementsAre;
+using testing::IsEmpty;
+
+namespace {
+
+// The callbacks work on the one engine of the process, which these tests share; it has no sink at first.
+class FrameTest : public testing::Test {
+ protected:
+    static void SetUpTestSuite() {
+        Recording().Reset();
+        Recording().on_start = [] { return true; };
+        Engine()->InitHge(800, 600, "frames", false);
+    }
+
+    void SetUp() override {
+        Recording().Reset();
+        Recording().initiated = true;
+        Recording().System_SetState(HGE_SCREENWIDTH, 800);
+        Recording().System_SetState(HGE_SCREENHEIGHT, 600);
+        Recording().delta = 0.5f;
+        MoveMouse(10, 20);
+        win32_seams::Reset();
+        win32_seams::SetActiveWindow(Recording().window);
+        control_.rect.Set(100, 100, 200, 200);
+        Engine()->AddControl(&control_);
+        Engine()->GetGui()->SetFocus(0);
+        Recording().ClearCalls();
+    }
+
+    void TearDown() override {
+        Engine()->RemoveControl(&control_);
+        while (Engine()->GetSoundSize())
+            Engine()->FreeSound(0);
+        EXPECT_THAT(Recording().Faults(), IsEmpty());
+    }
+
+    static I2DGameEngine* Engine() { return C2DGameEngine::Get2DGameEngineInstance(); }
+
+    void UseSink() { Engine()->SetEngineSink(static_cast<I2DGameEngineSink*>(&sink_)); }
+
+    static void MoveMouse(float x, float y) {
+        Recording().mouse_x = x;
+        Recording().mouse_y = y;
+    }
+
+    static std::vector<std::string> Frame() {
+        Recording().ClearCalls();
+        EXPECT_FALSE(C2DGameEngine::FrameFuc());
+        Recording().NextFrame();
+        return Story(Recording().Calls());
+    }
+
+    static std::vector<std::string> Picture() {
+        Recording().ClearCalls();
+        EXPECT_FALSE(C2DGameEngine::Render());
+        return Story(Recording().Calls());
+    }
+
+    // Static: the engine keeps the pointer from test to test.
+    static RecordingSink sink_;
+    RecordingControl control_{"control"};
+};
+
+RecordingSink FrameTest::sink_;
+
+TEST_F(FrameTest, WithoutASinkTheGuiLivesOn) {
+    ASSERT_EQ(Engine()->GetEngineSink(), nullptr);
+    Recording().Press(HGEK_LBUTTON);
+    EXPECT_THAT(Frame(), ElementsAre("control updated"));
+    EXPECT_THAT(Picture(),
+                ElementsAre("Gfx_BeginScene(0)", "Gfx_Clear(0x00000000)", "control drawn", "Gfx_EndScene()"));
+}
+
+TEST_F(FrameTest, AnActiveFrameUpdatesThenTellsTheSink) {
+    UseSink();
+    EXPECT_THAT(Frame(), ElementsAre("control updated", "OnFrame(0.5, 0)", "OnMouseMove(10, 20)"));
+}
+
+TEST_F(FrameTest, ButtonEdgesComeInOneOrderAndTogether) {
+    UseSink();
+    for (int key : {HGEK_RBUTTON, HGEK_LBUTTON}) {
+        Recording().keys_up.insert(key);
+        Recording().keys_down.insert(key);
+    }
+    EXPECT_THAT(Frame(), ElementsAre("control updated", "OnFrame(0.5, 0)", "OnLButtonDown(10, 20)",
+                                     "OnLButtonUp(10, 20)", "OnRButtonDown(10, 20)", "OnRButtonUp(10, 20)",
+                                     "OnMouseMove(10, 20)"));
+}
+
+TEST_F(FrameTest, TheFrameworkIsAskedInAFixedOrder) {
+    UseSink();
+    Engine()->Play2DSound(7ul);
+    Recording().ClearCalls();
+    C2DGameEngine::FrameFuc();
+    std::vector<std::string> calls = Story(Recording().AllCalls());
+    auto without_gui = std::remove_if(calls.begin(), calls.end(), [](const std::string& call) {
+        return call.rfind("Input_GetMouseWheel", 0) == 0 || call.rfind("Input_GetKey(", 0) == 0;
+    });
+    calls.erase(without_gui, calls.end());
+    auto from = std::find(calls.begin(), calls.end(), "OnFrame(0.5, 0)");
+    EXPECT_THAT(std::vector<std::string>(from, calls.end()),
+                ElementsAre("OnFrame(0.5, 0)", "Input_GetMousePos()", "Input_KeyDown(1)", "Input_KeyUp(1)",
+                            "Input_KeyDown(2)", "Input_KeyUp(2)", "Input_GetKeyState(1)",
+                            "Input_GetKeyState(2)", "System_GetState(HGE_SCREENWIDTH)",
+                            "System_GetState(HGE_SCREENHEIGHT)", "OnMouseMove(10, 20)"));
+}
+
+TEST_F(FrameTest, AnInactiveWindowIsDrawnButNotPlayed) {
+    UseSink();
+    win32_seams::SetActiveWindow(nullptr);
+    HEFFECT effect = Recording().Effect_Load("a.wav", 0);
+    EffectHandle sound = *Engine()->Play2DSound(effect);
+    Recording().EndChannel(sound.channel);
+    Recording().Press(HGEK_LBUTTON);
+    Frame();
+    EXPECT_EQ(Engine()->GetSoundSize(), 0u) << "finished sounds are freed all the same";
+    EXPECT_THAT(Recording().CallsMatching("System_Log"), IsEmpty());
+    EXPECT_THAT(Picture(), Contains("OnRender"));
+}
+
+TEST_F(FrameTest, NeighboursThatFinishTogetherAreBothFreed) {
+    UseSink();
+    HCHANNEL channels[4];
+    for (HCHANNEL& channel : channels) {
+        HEFFECT effect = Recording().Effect_Load("a.wav", 0);
+        channel = Engine()->Play2DSound(effect)->channel;
+    }
+    Recording().EndChannel(channels[1]);
+    Recording().EndChannel(channels[2]);
+    Frame();
+    ASSERT_EQ(Engine()->GetSoundSize(), 2u);
+    EXPECT_EQ(Engine()->EnumSound(0)->channel, channels[0]);
+    EXPECT_EQ(Engine()->EnumSound(1)->channel, channels[3]);
+    EXPECT_EQ(Recording().effects.size(), 2u);
+}
+
+TEST_F(FrameTest, TheFocusedControlKeepsTheMouseToItself) {
+    UseSink();
+    MoveMouse(150, 150);
+    Recording().Press(HGEK_LBUTTON);
+    EXPECT_THAT(Frame(), ElementsAre("control updated", "OnFrame(0.5, 0)"));
+    EXPECT_EQ(Engine()->GetGui()->GetFocus(), control_.id) << "the press gave it the focus";
+    Recording().Lift(HGEK_LBUTTON);
+    Frame();
+
+    MoveMouse(200, 150);
+    EXPECT_THAT(Frame(), Contains("OnMouseMove(200, 150)")) << "the right edge is outside";
+}
+
+TEST_F(FrameTest, ACommandHidesTheMouseAndCyclesTheGui) {
+    UseSink();
+    control_.commands = true;
+    std::string command = "OnFrame(0.5, " + std::to_string(control_.id) + ")";
+    MoveMouse(150, 150);
+    // Taken away before the engine asks for the mouse, so that it is not over the focused control.
+    sink_.on["OnFrame"] = [this] { control_.rect.Set(0, 0, 1, 1); };
+    Recording().Press(HGEK_LBUTTON);
+    EXPECT_THAT(Frame(), ElementsAre("control updated", command, "control leaves"));
+    EXPECT_THAT(Frame(), ElementsAre("control updated", "OnFrame(0.5, -1)", "control enters"));
+    EXPECT_EQ(Engine()->GetGui()->GetFocus(), control_.id);
+    sink_.on.clear();
+}
+
+TEST_F(FrameTest, AMouseOutsideTheScreenDoesNotMove) {
+    UseSink();
+    for (auto [x, y, inside] : {std::tuple(799.0f, 599.0f, true), std::tuple(800.0f, 599.0f, false),
+                                std::tuple(799.0f, 600.0f, false), std::tuple(-1.0f, 0.0f, false)}) {
+        MoveMouse(x, y);
+        Recording().Press(HGEK_LBUTTON);
+        Frame();
+        EXPECT_EQ(Recording().CallsMatching("System_Log(\"OnMouseMove").size(), inside ? 1u : 0u);
+        EXPECT_EQ(Recording().CallsMatching("System_Log(\"OnLButtonDown").size(), 1u);
+    }
+}
+
+TEST_F(FrameTest, EffectsDrawThroughTwoTargets) {
+    UseSink();
+    EXPECT_THAT(Picture(), ElementsAre("Gfx_BeginScene(0)", "Gfx_Clear(0x00000000)", "OnRender",
+                                       "control drawn", "Gfx_EndScene()"));
+    char file[] = "a.hlsl";
+    Engine()->CreateFx(file);
+    std::string first = std::to_string(Engine()->GetTaget());
+    std::string second = std::to_string(Engine()->GetTaget1());
+    Picture();
+    std::vector<std::string> calls = Story(Recording().Calls());
+    ASSERT_EQ(calls.size(), 13u);
+    EXPECT_THAT(calls[11], testing::StartsWith("Gfx_RenderQuad("));
+    calls.erase(calls.begin() + 11);
+    EXPECT_THAT(calls,
+                ElementsAre("Gfx_BeginScene(" + first + ")", "Gfx_Clear(0x00000000)", "OnRenderTarget",
+                            "control drawn", "Gfx_EndScene()", "Gfx_BeginScene(" + second + ")",
+                            "Gfx_Clear(0x00000000)", "OnRenderTarget1", "Gfx_EndScene()", "Gfx_BeginScene(0)",
+                            "Gfx_Clear(0x00000000)", "OnRender", "Gfx_EndScene()"));
+    ASSERT_EQ(Recording().quads.size(), 1u);
+    const hgeQuad& back = Recording().quads[0];
+    EXPECT_EQ(back.tex, Recording().Target_GetTexture(Engine()->GetTaget()));
+    EXPECT_EQ(back.tex2, Recording().Target_GetTexture(Engine()->GetTaget1()));
+    EXPECT_EQ(back.v[0].x, 0);
+    EXPECT_EQ(back.v[2].x, 800);
+    EXPECT_EQ(back.v[2].y, 600);
+    Recording().effect_result = false;
+    Engine()->CreateFx(file);
+}
+
+}  // namespace
