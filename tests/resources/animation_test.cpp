@@ -1,0 +1,141 @@
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include "drill2d/resources.h"
+#include "hgeanim.h"
+#include "support/recording_hge.h"
+
+using testing::ElementsAre;
+using testing::IsEmpty;
+
+namespace {
+
+class AnimationTest : public testing::Test {
+ protected:
+    void SetUp() override {
+        Recording().Reset();
+        Recording().files["strip.png"] = "image";
+        Recording().image_width = 400;
+        Recording().image_height = 50;
+        CGameResourceManager* manager = CGameResourceManager::getInstance();
+        manager->AttachHge(&Recording());
+        manager->AttachPacket("x.zip");
+        manager->SetCurPacket("x.zip");
+    }
+    void TearDown() override {
+        CGameResourceManager::getInstance()->FreePacketResource("x.zip");
+        EXPECT_EQ(Recording().references, 0);
+        EXPECT_THAT(Recording().Faults(), IsEmpty());
+    }
+
+    // The frames shown by Play and n updates of one frame's time.
+    static std::vector<int> Frames(CGameAnimation& animation, int n) {
+        std::vector<int> frames;
+        animation.Play();
+        for (int i = 0; i < n; ++i) {
+            animation.Update(1.0f / 8);
+            frames.push_back(animation.GetFrame());
+        }
+        return frames;
+    }
+
+    char strip_[10] = "strip.png";
+};
+
+TEST_F(AnimationTest, EmptyOnesIgnoreEverything) {
+    CGameAnimation animation;
+    animation.Play();
+    animation.Stop();
+    animation.Resume();
+    animation.Update(1);
+    animation.Render(0, 0);
+    animation.SetFrame(3);
+    animation.SetSpeed(5);
+    EXPECT_FALSE(animation.IsPlaying());
+    EXPECT_EQ(animation.GetFrames() + animation.GetWidth() + animation.GetMode(), 0);
+    EXPECT_EQ(animation.GetSpeed(), 0);
+    EXPECT_TRUE(Recording().quads.empty());
+}
+
+TEST_F(AnimationTest, WhatCannotBeLoadedLeavesItEmpty) {
+    char missing[] = "missing.png";
+    CGameAnimation animation(strip_, 8, 8, 0, 0);
+    EXPECT_EQ(animation.GetFrames(), 8);
+    EXPECT_FALSE(animation.LoadAniImage(nullptr, 8, 8, 0, 0));
+    EXPECT_EQ(animation.GetFrames(), 8) << "no name, nothing changes";
+    EXPECT_FALSE(animation.LoadAniImage(missing, 8, 8, 0, 0));
+    EXPECT_EQ(animation.GetFrames(), 0) << "the old one is gone";
+
+    Recording().missing.insert(missing);
+    EXPECT_TRUE(animation.loadAniTex(missing, 2, 8, 16, 16)) << "an animation over no texture";
+    EXPECT_EQ(animation.GetTexture(), 0u);
+    EXPECT_FALSE(animation.loadAniTex(nullptr, 2, 8, 16, 16));
+    EXPECT_TRUE(animation.LoadAniImage(strip_, 0, 8, 0, 0)) << "no frames: survives";
+}
+
+TEST_F(AnimationTest, FrameSizesAreDerivedOnlyWhenBothAreZero) {
+    CGameAnimation derived(strip_, 8, 8, 0, 0);
+    EXPECT_EQ(derived.GetWidth(), 50);
+    EXPECT_EQ(derived.GetHeight(), 50);
+    CGameAnimation given(strip_, 8, 8, 40, 25);
+    EXPECT_EQ(given.GetWidth(), 40);
+    CGameAnimation flat(strip_, 8, 8, 0, 20);
+    EXPECT_EQ(flat.GetWidth(), 0);
+    EXPECT_EQ(flat.GetHeight(), 20);
+}
+
+TEST_F(AnimationTest, EachModeStepsItsOwnWay) {
+    CGameAnimation animation(strip_, 3, 8, 50, 50);
+    EXPECT_EQ(animation.GetMode(), HGEANIM_FWD | HGEANIM_LOOP);
+    EXPECT_FALSE(animation.IsPlaying());
+    EXPECT_THAT(Frames(animation, 5), ElementsAre(0, 1, 2, 0, 1));
+    animation.SetMode(HGEANIM_FWD | HGEANIM_NOLOOP);
+    EXPECT_THAT(Frames(animation, 5), ElementsAre(0, 1, 2, 2, 2));
+    EXPECT_FALSE(animation.IsPlaying());
+    animation.SetMode(HGEANIM_REV | HGEANIM_LOOP);
+    EXPECT_EQ(animation.GetFrame(), 2);
+    EXPECT_THAT(Frames(animation, 5), ElementsAre(2, 1, 0, 2, 1));
+    animation.SetMode(HGEANIM_REV | HGEANIM_NOLOOP);
+    EXPECT_THAT(Frames(animation, 5), ElementsAre(2, 1, 0, 0, 0));
+    animation.SetMode(HGEANIM_PINGPONG | HGEANIM_LOOP);
+    EXPECT_THAT(Frames(animation, 7), ElementsAre(0, 1, 2, 1, 0, 1, 2));
+    animation.SetMode(HGEANIM_PINGPONG | HGEANIM_NOLOOP);
+    EXPECT_THAT(Frames(animation, 7), ElementsAre(0, 1, 2, 1, 0, 0, 0));
+    EXPECT_FALSE(animation.IsPlaying());
+}
+
+TEST_F(AnimationTest, FramesWrapToTheNextRow) {
+    Recording().image_height = 100;
+    CGameAnimation animation(strip_, 10, 8, 100, 50);
+    animation.SetFrame(5);
+    animation.Render(0, 0);
+    ASSERT_EQ(Recording().quads.size(), 1u);
+    EXPECT_FLOAT_EQ(Recording().quads[0].v[0].tx, 0.25f);
+    EXPECT_FLOAT_EQ(Recording().quads[0].v[0].ty, 0.5f);
+    animation.SetFrame(12);
+    EXPECT_EQ(animation.GetFrame(), 2) << "frames wrap around";
+}
+
+TEST_F(AnimationTest, StateIsReadBackAsTheHostSetIt) {
+    CGameAnimation animation(strip_, 8, 8, 0, 0);
+    animation.SetSpeed(10);
+    EXPECT_FLOAT_EQ(animation.GetSpeed(), 10);
+    animation.SetZ(0.5f, -1);
+    EXPECT_EQ(animation.GetZ(), 0) << "cut to a whole number";
+    animation.SetZ(1, 0);
+    EXPECT_EQ(animation.GetZ(), 1);
+    animation.SetHotSpot(25, 10);
+    hgeRect box;
+    EXPECT_EQ(animation.GetBoundingBox(100, 100, &box), &box);
+    EXPECT_THAT((std::vector<float>{box.x1, box.y1, box.x2, box.y2}), ElementsAre(75, 90, 125, 140));
+    animation.SetFrame(3);
+    animation.SetTextureRect(8, 0, 40, 50);
+    float x = 0, y = 0;
+    animation.GetHotSpot(&x, &y);
+    EXPECT_EQ(x, 25);
+    animation.Render(25, 10);
+    EXPECT_FLOAT_EQ(Recording().quads[0].v[0].tx, (8 + 3 * 40) / 400.0f)
+        << "frames count from the new origin";
+}
+
+}  // namespace
