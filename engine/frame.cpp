@@ -1,4 +1,5 @@
 #include "drill2d/engine.h"
+#include "drill2d/flash.h"
 #include "drill2d/resources.h"
 #include "hgegui.h"
 
