@@ -18,10 +18,9 @@ struct EffectHandle {
 
 // What the host implements. Coordinates are screen pixels; all calls come on the thread of InitHge.
 struct I2DGameEngineSink {
+    // The destructor takes slots 1 and 2; the third is the host's own. The engine calls none of them.
     virtual ~I2DGameEngineSink() {}
-    // Two operations of the host's own; the engine never calls them.
     virtual void OnHostCommand(int /*command*/, void* /*data*/) {}
-    virtual void* GetHostData() { return 0; }
 
     // Once, before the loop: build resources, controls and scenes here.
     virtual void OnInit() = 0;
