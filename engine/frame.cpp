@@ -58,9 +58,9 @@ void RouteMouse(HGE* hge, hgeGUI* gui, I2DGameEngineSink* sink, int id) {
         if (right_down) sink->OnRButtonDown(x, y);
         if (right_up) sink->OnRButtonUp(x, y);
     }
-    hgeRect screen(0, 0, static_cast<float>(hge->System_GetState(HGE_SCREENWIDTH)),
-                   static_cast<float>(hge->System_GetState(HGE_SCREENHEIGHT)));
-    if (screen.TestPoint(x, y) && sink) sink->OnMouseMove(x, y);
+    float width = static_cast<float>(hge->System_GetState(HGE_SCREENWIDTH));
+    float height = static_cast<float>(hge->System_GetState(HGE_SCREENHEIGHT));
+    if (hgeRect(0, 0, width, height).TestPoint(x, y) && sink) sink->OnMouseMove(x, y);
 }
 
 void RenderPlainly(HGE* hge, hgeGUI* gui, I2DGameEngineSink* sink) {
