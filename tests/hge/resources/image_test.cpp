@@ -1,0 +1,193 @@
+#include "resources/image.h"
+
+#include <gmock/gmock.h>
+#include <objbase.h>
+
+#include <map>
+
+#include "hge/resources/test_data.h"
+#include "resources/bmp.h"
+
+namespace {
+
+using hge::DecodeImage;
+using hge::Image;
+using hge::WriteImage;
+using test_data::Out;
+using test_data::ReadBytes;
+using test_data::Sample;
+using testing::HasSubstr;
+using testing::StartsWith;
+
+Image Decode(const std::vector<uint8_t>& bytes, std::string* reason) {
+    Image image{1, 1, {0}};
+    bool done = DecodeImage(bytes.data(), bytes.size(), &image, reason);
+    EXPECT_EQ(done, !image.pixels.empty());
+    EXPECT_EQ(image.pixels.size(), static_cast<size_t>(image.width * image.height));
+    return image;
+}
+
+Image DecodeFile(const std::string& name) {
+    std::string reason;
+    Image image = Decode(ReadBytes(test_data::Folder() + "pictures\\" + name), &reason);
+    EXPECT_EQ(reason, "") << name;
+    return image;
+}
+
+// tolerance: by how much a channel may differ.
+void ExpectSame(const Image& actual, const Image& expected, int tolerance = 0) {
+    ASSERT_EQ(actual.width, expected.width);
+    ASSERT_EQ(actual.height, expected.height);
+    for (size_t i = 0; i < expected.pixels.size(); ++i)
+        for (int shift = 0; shift < 32; shift += 8) {
+            int a = actual.pixels[i] >> shift & 255, e = expected.pixels[i] >> shift & 255;
+            ASSERT_NEAR(a, e, tolerance) << "pixel " << i % static_cast<size_t>(expected.width) << ", "
+                                         << i / static_cast<size_t>(expected.width) << " shift " << shift;
+        }
+}
+
+TEST(ImageTest, BadInputGivesAReason) {
+    std::string reason;
+    Decode({}, &reason);
+    EXPECT_EQ(reason, "the file is empty");
+    Image image;
+    EXPECT_FALSE(DecodeImage(nullptr, 10, &image, &reason));
+    Decode(std::vector<uint8_t>(1000, 'x'), &reason);
+    EXPECT_EQ(reason, "not a known image format");
+    for (const char* signature : {"\x89PNG\r\n", "\xFF\xD8\xFF", "BM", "GIF89a", "DDS "}) {
+        std::vector<uint8_t> bytes(signature, signature + strlen(signature));
+        bytes.resize(200);
+        EXPECT_TRUE(Decode(bytes, &reason).pixels.empty()) << signature;
+        EXPECT_THAT(reason, testing::AnyOf(StartsWith("damaged or of an unknown kind: "),
+                                           "its DDS pixel format is not supported"));
+    }
+}
+
+// Decoders of the system may show the part of a cut picture that is there.
+TEST(ImageTest, EveryTruncationIsSafe) {
+    for (const char* name : {"alpha.png", "flat.jpg", "alpha.bmp", "holes.gif", "alpha.dds", "runs.tga"}) {
+        std::vector<uint8_t> whole = ReadBytes(test_data::Folder() + "pictures\\" + name);
+        ASSERT_FALSE(whole.empty()) << name;
+        for (size_t size = 0; size < whole.size(); size += 1 + size / 40) {
+            std::string reason;
+            auto end = whole.begin() + static_cast<ptrdiff_t>(size);
+            bool refused = Decode({whole.begin(), end}, &reason).pixels.empty();
+            EXPECT_EQ(refused, !reason.empty()) << name << " " << size;
+        }
+    }
+}
+
+TEST(ImageTest, SizesThatNoTextureCanHaveAreRefused) {
+    std::string reason;
+    std::vector<uint8_t> png = ReadBytes(test_data::Folder() + "pictures\\opaque.bmp");
+    png[20] = 1;  // 65,543 pixels wide
+    EXPECT_TRUE(Decode(png, &reason).pixels.empty());
+    EXPECT_NE(reason, "");
+    std::vector<uint8_t> tga(18);
+    tga[2] = 2;
+    tga[13] = tga[15] = 0xFF;
+    tga[16] = 32;
+    Decode(tga, &reason);
+    EXPECT_EQ(reason, "its width or height is not supported");
+}
+
+TEST(ImageTest, EveryFormatGivesTheRightPixels) {
+    for (const char* name : {"alpha.png", "interlaced.png", "deep.png", "alpha.bmp", "alpha.tga", "runs.tga",
+                             "alpha.dds", "alpha.tif"}) {
+        SCOPED_TRACE(name);
+        ExpectSame(DecodeFile(name), Sample());
+    }
+    for (const char* name : {"opaque.png", "palette.png", "opaque.bmp", "palette.bmp", "opaque.tga",
+                             "palette.tga", "opaque.dds"}) {
+        SCOPED_TRACE(name);
+        ExpectSame(DecodeFile(name), test_data::Opaque(Sample()));
+    }
+}
+
+TEST(ImageTest, GreyWithAlpha) {
+    Image image = DecodeFile("greyalpha.png");
+    ASSERT_EQ(image.pixels.size(), 35u);
+    for (size_t i = 0; i < 35; ++i) {
+        uint32_t pixel = image.pixels[i];
+        EXPECT_EQ(pixel >> 24, Sample().pixels[i] >> 24);
+        EXPECT_EQ(pixel >> 16 & 255, pixel & 255);
+    }
+}
+
+TEST(ImageTest, LossyFormatsComeClose) {
+    Image flat{18, 10, std::vector<uint32_t>(180, 0xFFC86432)};
+    ExpectSame(DecodeFile("flat.jpg"), flat, 2);   // JPEG's colour conversion
+    ExpectSame(DecodeFile("flat1.dds"), flat, 4);  // 5 and 6 bits a channel
+    for (uint32_t& pixel : flat.pixels)
+        pixel = 0x80C86432;
+    ExpectSame(DecodeFile("flat5.dds"), flat, 4);
+}
+
+TEST(ImageTest, GifHolesAreTransparent) {
+    Image image = DecodeFile("holes.gif"), sample = Sample();
+    ASSERT_EQ(image.pixels.size(), 35u);
+    for (size_t i = 0; i < 35; ++i)
+        EXPECT_EQ(image.pixels[i] >> 24, sample.pixels[i] >> 24 == 1 ? 0u : 255u) << i;
+}
+
+TEST(ImageTest, A32BitBmpWithZeroAlphaIsOpaque) {
+    Image image = Sample();
+    std::vector<uint8_t> bytes = hge::EncodeBmp(image);
+    for (size_t i = 14 + 108 + 3; i < bytes.size(); i += 4)
+        bytes[i] = 0;
+    std::string reason;
+    ExpectSame(Decode(bytes, &reason), test_data::Opaque(image));
+}
+
+TEST(ImageTest, WritingAndDecodingGivesTheSamePixels) {
+    for (const char* name : {"a.png", "a.bmp", "a.PNG", "A.Bmp"})
+        for (const Image& image : {Sample(), test_data::Opaque(Sample()), Image{1, 1, {0x80FF0001}}}) {
+            std::string reason;
+            ASSERT_TRUE(WriteImage(Out(name), image, &reason)) << reason;
+            ExpectSame(Decode(ReadBytes(Out(name)), &reason), image);
+        }
+    EXPECT_EQ(test_data::CountOut("a.*"), 2);
+}
+
+TEST(ImageTest, AChinesePathWorks) {
+    SKIP_UNLESS_CODE_PAGE_936();
+    test_data::WriteFile(Out("\xcd\xbc.txt"), "probe");
+    if (!test_data::Exists(Out("\xcd\xbc.txt"))) GTEST_SKIP() << "no Chinese file names in this file system";
+    std::string reason, name = Out("\xcd\xbc\xc6\xac 5\xd4\xc2\x81\x5c.bmp");
+    ASSERT_TRUE(WriteImage(name, Sample(), &reason)) << reason;
+    ExpectSame(Decode(ReadBytes(name), &reason), Sample());
+}
+
+TEST(ImageTest, AFailedWriteLeavesNothingAndKeepsTheOldFile) {
+    std::string reason;
+    Image sample = Sample();
+    EXPECT_FALSE(WriteImage(Out("x.gif"), sample, &reason));
+    EXPECT_EQ(reason, "the format \".gif\" is not supported: use .bmp or .png");
+    EXPECT_FALSE(WriteImage(Out("x.bmp"), Image{3, 3, {1, 2}}, &reason));
+    EXPECT_EQ(reason, "there is no picture to write");
+    EXPECT_FALSE(WriteImage(Out("no folder\\x.bmp"), sample, &reason));
+    EXPECT_THAT(reason, HasSubstr("(error 3)"));
+
+    ASSERT_TRUE(test_data::WriteFile(Out("x.bmp"), "old"));
+    HANDLE held =
+        CreateFileA(Out("x.bmp").c_str(), GENERIC_READ, FILE_SHARE_READ, nullptr, OPEN_EXISTING, 0, nullptr);
+    EXPECT_FALSE(WriteImage(Out("x.bmp"), sample, &reason));
+    EXPECT_NE(reason, "");
+    CloseHandle(held);
+    EXPECT_EQ(test_data::ReadText(Out("x.bmp")), "old");
+    EXPECT_EQ(test_data::CountOut("x.*"), 1);
+}
+
+TEST(ImageTest, TheHostsChoiceOfThreadingModelIsLeftAlone) {
+    std::string reason;
+    DecodeFile("alpha.png");
+    ASSERT_EQ(CoInitializeEx(nullptr, COINIT_MULTITHREADED), S_OK);
+    ExpectSame(DecodeFile("alpha.png"), Sample());
+    EXPECT_EQ(CoInitializeEx(nullptr, COINIT_MULTITHREADED), S_FALSE);
+    CoUninitialize();
+    CoUninitialize();
+    EXPECT_EQ(CoInitializeEx(nullptr, COINIT_APARTMENTTHREADED), S_OK);
+    CoUninitialize();
+}
+
+}  // namespace

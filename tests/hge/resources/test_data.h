@@ -1,0 +1,89 @@
+#pragma once
+
+#include <gtest/gtest.h>
+#include <windows.h>
+
+#include <cstdint>
+#include <cstdio>
+#include <string>
+#include <vector>
+
+#include "resources/image.h"
+
+// The files that make_data.sh made, and a folder to write to; all relative to the test program.
+namespace test_data {
+
+inline std::string ProgramFolder() {
+    char path[MAX_PATH];
+    std::string text(path, GetModuleFileNameA(nullptr, path, MAX_PATH));
+    return text.substr(0, text.find_last_of('\\') + 1);
+}
+
+inline std::string Folder() {
+    return ProgramFolder() + TEST_DATA + "\\";
+}
+inline std::string Pack(const std::string& name) {
+    return Folder() + "packs\\" + name;
+}
+inline std::string Out(const std::string& name) {
+    return Folder() + "out\\" + name;
+}
+
+inline std::vector<uint8_t> ReadBytes(const std::string& path) {
+    std::vector<uint8_t> bytes;
+    std::FILE* file = std::fopen(path.c_str(), "rb");
+    if (!file) return bytes;
+    for (int c; (c = std::fgetc(file)) != EOF;)
+        bytes.push_back(static_cast<uint8_t>(c));
+    std::fclose(file);
+    return bytes;
+}
+
+inline std::string ReadText(const std::string& path) {
+    std::vector<uint8_t> bytes = ReadBytes(path);
+    return std::string(bytes.begin(), bytes.end());
+}
+
+inline bool WriteFile(const std::string& path, const std::string& text) {
+    std::FILE* file = std::fopen(path.c_str(), "wb");
+    if (!file) return false;
+    std::fwrite(text.data(), 1, text.size(), file);
+    return std::fclose(file) == 0;
+}
+
+inline bool Exists(const std::string& path) {
+    return GetFileAttributesA(path.c_str()) != INVALID_FILE_ATTRIBUTES;
+}
+
+// The files in the folder to write to, by wildcard.
+inline int CountOut(const std::string& wildcard) {
+    WIN32_FIND_DATAA found;
+    HANDLE search = FindFirstFileA(Out(wildcard).c_str(), &found);
+    if (search == INVALID_HANDLE_VALUE) return 0;
+    int count = 1;
+    while (FindNextFileA(search, &found))
+        ++count;
+    FindClose(search);
+    return count;
+}
+
+// The colours that make_data.sh gives the sample picture, 7 x 5.
+inline hge::Image Sample() {
+    hge::Image image{7, 5, {}};
+    for (uint32_t y = 0; y < 5; ++y)
+        for (uint32_t x = 0; x < 7; ++x)
+            image.pixels.push_back(((x + y) % 3 * 127 + 1) << 24 | x * 40 << 16 | y * 60 << 8 |
+                                   (250 - x * 30));
+    return image;
+}
+
+inline hge::Image Opaque(hge::Image image) {
+    for (uint32_t& pixel : image.pixels)
+        pixel |= 0xFF000000;
+    return image;
+}
+
+}  // namespace test_data
+
+#define SKIP_UNLESS_CODE_PAGE_936() \
+    if (GetACP() != 936) GTEST_SKIP() << "the ANSI code page is " << GetACP() << ", not 936"

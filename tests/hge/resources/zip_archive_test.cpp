@@ -1,0 +1,228 @@
+#include "resources/zip_archive.h"
+
+#include <gmock/gmock.h>
+#include <zlib.h>
+
+#include "hge/resources/test_data.h"
+#include "resources/ansi_code_page.h"
+
+namespace {
+
+using hge::Block;
+using hge::CodePage;
+using hge::FoldName;
+using hge::MemorySource;
+using hge::PlainBytes;
+using hge::ZipArchive;
+using test_data::Pack;
+using test_data::ReadBytes;
+using testing::AnyOf;
+using testing::HasSubstr;
+
+using Bytes = std::vector<uint8_t>;
+
+std::unique_ptr<ZipArchive> Open(const Bytes& bytes, std::string* reason,
+                                 const CodePage& page = PlainBytes()) {
+    return ZipArchive::Open(std::make_unique<MemorySource>(bytes), page, reason);
+}
+
+// The text of a file, or "error: " with the reason.
+std::string Read(ZipArchive& archive, const std::string& name, const std::string& password = "",
+                 const CodePage& page = PlainBytes()) {
+    const hge::ZipEntry* entry = archive.Find(FoldName(name, page));
+    if (!entry) return "error: not found";
+    std::string reason;
+    Block block = archive.Read(*entry, password, &reason);
+    if (!block.bytes) return "error: " + reason;
+    EXPECT_EQ(block.bytes[block.size], 0);
+    return std::string(reinterpret_cast<char*>(block.bytes.get()), block.size);
+}
+
+std::string ReadFrom(const Bytes& bytes, const std::string& name, const std::string& password = "") {
+    std::string reason;
+    auto archive = Open(bytes, &reason);
+    return archive ? Read(*archive, name, password) : "error: " + reason;
+}
+
+std::string ReasonOf(const Bytes& bytes) {
+    std::string reason;
+    EXPECT_EQ(Open(bytes, &reason), nullptr);
+    return reason;
+}
+
+std::string LongText() {
+    return test_data::ReadText(test_data::Folder() + "files\\Images\\Long.TXT");
+}
+
+size_t FindLast(const Bytes& bytes, const std::string& text) {
+    return std::string(bytes.begin(), bytes.end()).rfind(text);
+}
+
+Bytes With(Bytes bytes, size_t at, std::initializer_list<uint8_t> values) {
+    std::copy(values.begin(), values.end(), bytes.begin() + static_cast<ptrdiff_t>(at));
+    return bytes;
+}
+
+void Append(Bytes& bytes, uint32_t value, int count) {
+    while (count-- > 0)
+        bytes.push_back(static_cast<uint8_t>(std::exchange(value, value >> 8)));
+}
+
+// Signature, versions, flags, method, time, CRC, sizes and lengths, as both headers of an entry have them.
+void AppendHeader(Bytes& out, uint32_t signature, uint16_t flags, const std::string& name,
+                  const std::string& extra, const std::string& content) {
+    auto* data = reinterpret_cast<const Bytef*>(content.data());
+    Append(out, signature, 4);
+    Append(out, 20, signature == 0x02014B50 ? 4 : 2);
+    Append(out, flags, 2);
+    Append(out, 0, 2 + 4);
+    Append(out, crc32(0, data, static_cast<uInt>(content.size())), 4);
+    Append(out, static_cast<uint32_t>(content.size()), 4);
+    Append(out, static_cast<uint32_t>(content.size()), 4);
+    Append(out, static_cast<uint32_t>(name.size()), 2);
+    Append(out, static_cast<uint32_t>(extra.size()), 2);
+}
+
+// An archive of one stored file, for names that the tools at hand do not write.
+Bytes MakeZip(uint16_t flags, const std::string& name, const std::string& extra, const std::string& content) {
+    Bytes out;
+    AppendHeader(out, 0x04034B50, flags, name, extra, content);
+    for (const std::string* part : {&name, &extra, &content})
+        out.insert(out.end(), part->begin(), part->end());
+    uint32_t start = static_cast<uint32_t>(out.size());
+    AppendHeader(out, 0x02014B50, flags, name, extra, content);
+    out.insert(out.end(), 14, 0);
+    for (const std::string* part : {&name, &extra})
+        out.insert(out.end(), part->begin(), part->end());
+    uint32_t size = static_cast<uint32_t>(out.size()) - start;
+    Append(out, 0x06054B50, 4);
+    Append(out, 0, 4);
+    Append(out, 0x00010001, 4);
+    Append(out, size, 4);
+    Append(out, start, 4);
+    Append(out, 0, 2);
+    return out;
+}
+
+TEST(ZipArchiveTest, ReadsWhatTheOrdinaryToolMakes) {
+    for (const char* pack : {"plain.zip", "stored.zip", "described.zip", "prefixed.zip", "commented.zip"}) {
+        SCOPED_TRACE(pack);
+        std::string reason;
+        auto archive = Open(ReadBytes(Pack(pack)), &reason);
+        ASSERT_TRUE(archive) << reason;
+        EXPECT_EQ(archive->entry_count(), 5u);
+        EXPECT_EQ(Read(*archive, "Images/Long.TXT"), LongText());
+        EXPECT_EQ(Read(*archive, "images\\LONG.txt"), LongText());
+        EXPECT_EQ(Read(*archive, ".\\Images/Deep\\data.BIN"), "deep");
+        EXPECT_EQ(Read(*archive, "with space/a b.txt"), "spaced");
+        EXPECT_EQ(Read(*archive, "empty.txt"), "");
+        EXPECT_EQ(Read(*archive, "Images/"), "error: not found");
+        EXPECT_EQ(Read(*archive, ""), "error: not found");
+    }
+}
+
+TEST(ZipArchiveTest, RefusesWhatIsNoArchiveOrOfAnUnknownKind) {
+    EXPECT_EQ(ReasonOf({}), "the file is empty");
+    EXPECT_EQ(ReasonOf(ReadBytes(Pack("foreign.zip"))), "not a ZIP archive, or cut off");
+    EXPECT_EQ(ReasonOf(Bytes(21, 'P')), "not a ZIP archive, or cut off");
+    EXPECT_EQ(ReasonOf(ReadBytes(Pack("sixtyfour.zip"))), "64-bit ZIP archives are not supported");
+    EXPECT_EQ(ReadFrom(ReadBytes(Pack("bzip2.zip")), "Images/Long.TXT"),
+              "error: its compression method is not supported");
+}
+
+TEST(ZipArchiveTest, EveryTruncationIsRefused) {
+    Bytes whole = ReadBytes(Pack("plain.zip"));
+    for (size_t size = 0; size < whole.size(); ++size) {
+        std::string reason;
+        Bytes cut(whole.begin(), whole.begin() + static_cast<ptrdiff_t>(size));
+        ASSERT_EQ(Open(cut, &reason), nullptr) << size;
+        ASSERT_THAT(reason, AnyOf("the file is empty", "not a ZIP archive, or cut off")) << size;
+    }
+}
+
+// Whatever a damaged byte does: a file comes back right, or not at all with a reason.
+TEST(ZipArchiveTest, DamagedBytesNeverGiveWrongContents) {
+    for (const char* pack : {"plain.zip", "secret.zip"}) {
+        Bytes whole = ReadBytes(Pack(pack));
+        int refused = 0;
+        for (size_t i = 0; i < whole.size(); ++i) {
+            Bytes damaged = With(whole, i, {static_cast<uint8_t>(whole[i] ^ (i % 2 ? 0xFF : 0x01))});
+            std::string text = ReadFrom(damaged, "shared.txt", "geheim");
+            ASSERT_THAT(text, AnyOf("from the pack", testing::StartsWith("error: ")))
+                << pack << " byte " << i;
+            ASSERT_NE(text, "error: ") << pack << " byte " << i;
+            refused += text != "from the pack";
+        }
+        EXPECT_GT(refused, 20) << pack;
+    }
+}
+
+TEST(ZipArchiveTest, SizesAndPlacesThatCannotBeAreNamed) {
+    Bytes zip = MakeZip(0, "a", "", "content");
+    size_t entry = FindLast(zip, "PK\1\2");
+    EXPECT_EQ(ReadFrom(zip, "a"), "content");
+    EXPECT_EQ(ReadFrom(With(zip, entry + 16, {0}), "a"), "error: CRC mismatch");
+    EXPECT_EQ(ReadFrom(With(zip, entry + 24, {6}), "a"), "error: its sizes do not agree");
+    EXPECT_EQ(ReadFrom(With(zip, entry + 42, {0xFF, 0xFF, 0xFF, 0xFF}), "a"),
+              "error: its place in the pack is damaged");
+    EXPECT_EQ(ReadFrom(With(zip, entry + 20, {255, 0, 0, 0, 255}), "a"),
+              "error: its place in the pack is damaged");
+    // Deflated, with 200 MB promised by 7 bytes, or more than the limit by as many as fit.
+    EXPECT_EQ(ReadFrom(With(zip, entry + 10, {8, 0, 0, 0, 0, 0, 0, 0, 0, 0, 7, 0, 0, 0, 0, 0, 0, 12}), "a"),
+              "error: its sizes do not agree");
+    EXPECT_EQ(ReadFrom(With(zip, entry + 20, {0, 0, 0, 64, 0, 0, 0, 64}), "a"),
+              "error: it is larger than 256 MB");
+    EXPECT_EQ(ReasonOf(With(zip, FindLast(zip, "PK\5\6") + 8, {2, 0, 2, 0})), "its directory is damaged");
+}
+
+TEST(ZipArchiveTest, PasswordsOpenWhatTheyShould) {
+    Bytes secret = ReadBytes(Pack("secret.zip"));
+    EXPECT_EQ(ReadFrom(secret, "Images/Long.TXT", "geheim"), LongText());
+    EXPECT_EQ(ReadFrom(secret, "shared.txt", "geheim"), "from the pack");
+    EXPECT_EQ(ReadFrom(secret, "empty.txt", "geheim"), "");
+    EXPECT_EQ(ReadFrom(secret, "shared.txt"),
+              "error: it is encrypted and the pack was attached without a password");
+    // One wrong password of 256 passes the check byte; then the data cannot be right.
+    EXPECT_THAT(
+        ReadFrom(secret, "Images/Long.TXT", "wrong"),
+        AnyOf("error: wrong password", "error: CRC mismatch", "error: its compressed data is damaged"));
+    EXPECT_EQ(ReadFrom(ReadBytes(Pack("plain.zip")), "shared.txt", "geheim"), "from the pack");
+}
+
+TEST(ZipArchiveTest, NamesAreFoundInTheHostsCodePage) {
+    SKIP_UNLESS_CODE_PAGE_936();
+    const std::string gbk = "\xcd\xbc\xc6\xac/\xc8\xab\xba\xda\xcd\xb8\xc3\xf7.png";
+    const std::string utf8 = "\xe5\x9b\xbe\xe7\x89\x87/\xe5\x85\xa8\xe9\xbb\x91\xe9\x80\x8f\xe6\x98\x8e.png";
+    CodePage page = hge::AnsiCodePage();
+    std::string reason;
+    auto unflagged = Open(ReadBytes(Pack("utf8.zip")), &reason, page);
+    auto flagged = Open(MakeZip(1 << 11, utf8, "", "black"), &reason, page);
+    Bytes field{0x75, 0x70};
+    Append(field, static_cast<uint32_t>(5 + utf8.size()), 2);
+    Append(field, 1, 1);
+    Append(field, crc32(0, reinterpret_cast<const Bytef*>("??.png"), 6), 4);
+    auto extra =
+        Open(MakeZip(0, "??.png", std::string(field.begin(), field.end()) + utf8, "black"), &reason, page);
+    for (auto* archive : {&unflagged, &flagged, &extra}) {
+        ASSERT_TRUE(*archive) << reason;
+        EXPECT_EQ(Read(**archive, gbk, "", page), "black");
+        EXPECT_EQ(Read(**archive, "\xcd\xbc\xc6\xac\\\xc8\xab\xba\xda\xcd\xb8\xc3\xf7.PNG", "", page),
+                  "black");
+    }
+    EXPECT_EQ(Read(*unflagged, utf8, "", page), "black");
+}
+
+TEST(ZipArchiveTest, SecondBytesOfCharactersAreNoLettersOrSlashes) {
+    SKIP_UNLESS_CODE_PAGE_936();
+    CodePage page = hge::AnsiCodePage();
+    std::string reason;
+    auto archive = Open(ReadBytes(Pack("gbk.zip")), &reason, page);
+    ASSERT_TRUE(archive) << reason;
+    EXPECT_EQ(Read(*archive, "\xcd\xbc\xc6\xac.TXT", "", page), "gbk");
+    EXPECT_EQ(Read(*archive, "\x81\x5c.txt", "", page), "backslash");
+    EXPECT_EQ(Read(*archive, "\x81/.txt", "", page), "error: not found");
+    EXPECT_EQ(Read(*archive, "\x81\x41.txt", "", page), "letter");
+    EXPECT_EQ(Read(*archive, "\x81\x61.txt", "", page), "error: not found");
+}
+
+}  // namespace
