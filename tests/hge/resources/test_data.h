@@ -87,3 +87,7 @@ inline hge::Image Opaque(hge::Image image) {
 
 #define SKIP_UNLESS_CODE_PAGE_936() \
     if (GetACP() != 936) GTEST_SKIP() << "the ANSI code page is " << GetACP() << ", not 936"
+
+#define SKIP_WITHOUT_CHINESE_FILES()                           \
+    if (!test_data::WriteFile(test_data::Out("\xcd\xbc"), "")) \
+    GTEST_SKIP() << "Chinese file names do not work here: is the system's locale missing?"
