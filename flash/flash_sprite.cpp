@@ -126,7 +126,7 @@ bool CFlashSprite::IsAutoRender() {
 }
 
 bool CFlashSprite::BufferUpdate() {
-    if (!m_player || m_state != kPlaying || !m_player->Render()) return false;
+    if (!m_player || !m_quad.tex || m_state != kPlaying || !m_player->Render()) return false;
     size_t stride = m_hge->Texture_GetWidth(m_quad.tex, false);
     DWORD* pixels = m_hge->Texture_Lock(m_quad.tex, false, 0, 0, m_width, m_height);
     if (!pixels) return false;

@@ -1,0 +1,55 @@
+#pragma once
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <functional>
+#include <sstream>
+
+#include "drill2d/flash.h"
+#include "flash/control/movie_control.h"
+#include "support/recording_hge.h"
+
+// Every test ends with no object alive in the module, nothing wrong with the framework and the module free.
+class FlashTest : public testing::Test {
+ public:
+    FlashTest()
+        : module_(LoadLibraryA("flash.ocx")),
+          control_(Export<decltype(GetMovieControl)>("GetMovieControl")()) {
+        Recording().Reset();
+        control_->Clear();
+    }
+    ~FlashTest() override {
+        EXPECT_EQ(control_->objects, 0);
+        EXPECT_EQ(control_->class_references, 0);
+        EXPECT_EQ(Export<decltype(DllCanUnloadNow)>("DllCanUnloadNow")(), S_OK);
+        FreeLibrary(module_);
+        EXPECT_EQ(GetModuleHandleA("flash.ocx"), nullptr) << "a player still holds the module";
+        EXPECT_THAT(Recording().Faults(), testing::IsEmpty());
+    }
+
+    // The control's calls while something is done.
+    std::vector<std::string> CallsOf(const std::function<void()>& action) {
+        size_t before = strlen(control_->Record());
+        action();
+        std::istringstream text(control_->Record() + before);
+        std::vector<std::string> calls;
+        for (std::string line; std::getline(text, line);)
+            calls.push_back(line);
+        return calls;
+    }
+    size_t DrawsOf(const std::function<void()>& action) {
+        std::vector<std::string> calls = CallsOf(action);
+        return std::count_if(calls.begin(), calls.end(),
+                             [](const std::string& call) { return call.rfind("Draw", 0) == 0; });
+    }
+
+ protected:
+    template <class Function>
+    Function* Export(const char* name) {
+        return reinterpret_cast<Function*>(reinterpret_cast<void*>(GetProcAddress(module_, name)));
+    }
+
+    HMODULE module_;
+    MovieControl* control_;
+};

@@ -1,0 +1,181 @@
+#include "flash/flash_fixture.h"
+
+using testing::ElementsAre;
+using testing::HasSubstr;
+using testing::IsEmpty;
+
+namespace {
+
+struct CountingPlayer : FlashPlayer {
+    void FlashAnimEnded() override { ++ends; }
+    int ends = 0;
+};
+
+class FlashPlayerTest : public FlashTest {
+ protected:
+    std::string Logged() { return testing::PrintToString(Recording().CallsMatching("System_Log")); }
+    DWORD Pixel(FlashPlayer* player, int x) {
+        return static_cast<DWORD*>(player->GetFlashFrameBuffer())[30 * 19 + x];
+    }
+};
+
+TEST_F(FlashPlayerTest, LivesAndDiesAsTheControlExpects) {
+    HDC dc = nullptr;
+    HBITMAP bitmap = nullptr;
+    EXPECT_THAT(
+        CallsOf([&] {
+            FlashPlayer player;
+            EXPECT_TRUE(player.StartAnimation("C:\\\xD6\xD0.swf", 30, 20, nullptr));
+            player.SetQuality(FLASH_QUALITY_HIGH);
+            player.RebuildBuffer();
+            dc = player.GetFlashDC();
+            bitmap = player.GetFlashBitmap();
+            EXPECT_TRUE(GetObjectType(dc) == OBJ_MEMDC && GetObjectType(bitmap) == OBJ_BITMAP);
+        }),
+        ElementsAre("SetClientSite", "put_WMode Transparent", "DoVerb -5", "put_Movie C:\\\\20013.swf",
+                    "Play", "SetObjectRects 0,0,30,20 0,0,30,20", "put_Quality2 High",
+                    // Not to be saved; one reference to the movie is left, two to the site.
+                    "Close 1 1 2"));
+    EXPECT_TRUE(GetObjectType(dc) == 0 && GetObjectType(bitmap) == 0) << "a GDI object is left";
+}
+
+TEST_F(FlashPlayerTest, RefusesWhatCannotBeShown) {
+    FlashPlayer player;
+    EXPECT_FALSE(player.StartAnimation("m.swf", 0, 20, nullptr));
+    EXPECT_THAT(Logged(), HasSubstr("m.swf: a movie of 0 x 20 pixels cannot be shown"));
+    EXPECT_FALSE(player.StartAnimation("m.swf", 1 << 30, 1 << 30, nullptr));
+    EXPECT_THAT(Logged(), HasSubstr("m.swf: no memory for a movie of 1073741824 x 1073741824 pixels"));
+    EXPECT_EQ(player.Render(), 0);
+    control_->refuse_play = true;
+    EXPECT_FALSE(player.StartAnimation("n.swf", 30, 20, nullptr));
+    EXPECT_THAT(Logged(), HasSubstr("n.swf: the movie control refuses to play it (0x00000001)"));
+    EXPECT_EQ(player.GetFlashBitmap(), nullptr);
+    EXPECT_EQ(Recording().CallsMatching("System_Log").size(), 3u);
+}
+
+TEST_F(FlashPlayerTest, KeepsTheFrameDirtyUntilADrawSucceeds) {
+    FlashPlayer player;
+    player.StartAnimation("m.swf", 30, 20, nullptr);
+    control_->no_view = true;
+    EXPECT_THAT(CallsOf([&] { EXPECT_EQ(player.Render(), 0); }), IsEmpty());
+    control_->no_view = false;
+    control_->fail_second_draw = true;
+    EXPECT_EQ(player.Render(), 0);
+    control_->fail_second_draw = false;
+    EXPECT_THAT(CallsOf([&] { EXPECT_EQ(player.Render(), 1); }), ElementsAre("Draw -1 1", "Draw 1 0"));
+    EXPECT_THAT(CallsOf([&] { EXPECT_EQ(player.Render(), 0); }), IsEmpty());
+}
+
+TEST_F(FlashPlayerTest, StandsAControlThatCallsBackWhileDrawing) {
+    FlashPlayer player;
+    player.StartAnimation("m.swf", 30, 20, nullptr);
+    control_->call_site_in_draw = true;
+    EXPECT_THAT(CallsOf([&] { EXPECT_EQ(player.Render(), 1); }),
+                ElementsAre("Draw -1 1", "GetWindowContext 0,0,30,20 0,0,30,20", "Draw 1 0",
+                            "GetWindowContext 0,0,30,20 0,0,30,20"));
+    EXPECT_EQ(player.Render(), 0);
+}
+
+TEST_F(FlashPlayerTest, LeavesAKeptSiteHarmless) {
+    control_->keep_site = true;
+    FlashPlayer().StartAnimation("m.swf", 30, 20, nullptr);
+    RECT position = {1, 1, 1, 1};
+    EXPECT_EQ(control_->kept_site->InvalidateRect(nullptr, FALSE), S_OK);
+    EXPECT_EQ(control_->kept_site->GetWindowContext(nullptr, nullptr, &position, nullptr, nullptr), S_OK);
+    EXPECT_TRUE(IsRectEmpty(&position));
+    EXPECT_EQ(control_->kept_site->Release(), 0u);
+}
+
+TEST_F(FlashPlayerTest, StandsWithoutAControlInTheModule) {
+    control_->empty = true;
+    FlashPlayer player;
+    EXPECT_THAT(Logged(), HasSubstr("flash.ocx gave none (0x80040111)"));
+    FlashPlayer().StartAnimation("m.swf", 30, 20, nullptr);
+    EXPECT_EQ(Recording().CallsMatching("System_Log").size(), 1u);
+}
+
+TEST_F(FlashPlayerTest, PassesFrameControlOn) {
+    FlashPlayer player;
+    player.StartAnimation("m.swf", 30, 20, nullptr);
+    EXPECT_THAT(CallsOf([&] {
+                    player.Stop();
+                    player.Play();
+                    player.Forward();
+                    player.Back();
+                    player.Rewind();
+                    player.GotoFrame(2);
+                }),
+                ElementsAre("StopPlay", "Play", "Forward 1", "Play", "Back 0", "Play", "Rewind 0", "Play",
+                            "GotoFrame 2", "Play"));
+    EXPECT_TRUE(player.IsPlaying() && player.GetCurrentFrame() == 2 && player.GetTotalFrames() == 3);
+    EXPECT_EQ(player.GetCurrentLabel("/clip"), "/clip 2");
+    player.SetBackgroundColor(0x123456);
+    EXPECT_EQ(player.GetBackgroundColor(), 0x123456);
+    player.SetLoopPlay(false);
+    EXPECT_EQ(player.GetLoopPlay(), 0);
+    player.SetLoopPlay(true);
+    EXPECT_EQ(player.GetLoopPlay(), 1);
+    control_->loop_answer = 1;
+    EXPECT_EQ(player.GetLoopPlay(), 0) << "true is -1 and nothing else";
+}
+
+TEST_F(FlashPlayerTest, PassesTextAndMouseOn) {
+    FlashPlayer player;
+    EXPECT_THAT(CallsOf([&] {
+                    player.SetVariable("name", "\xC4\xE3\xBA\xC3");
+                    player.CallFrame("/a", 4);
+                    player.CallLabel("/a", "go");
+                    player.MouseMove(3, 2);
+                    player.MouseLButtonDown(-1, 2);
+                    player.MouseLButtonUp(3, -1);
+                }),
+                ElementsAre("SetVariable name \\20320\\22909", "TCallFrame /a 4", "TCallLabel /a go",
+                            "OnWindowMessage 512 0 131075", "OnWindowMessage 513 1 196607",
+                            "OnWindowMessage 514 0 -65533"));
+    EXPECT_EQ(player.GetVariable("name"), "\xC4\xE3\xBA\xC3");
+    EXPECT_EQ(player.GetVariable("none"), "");
+}
+
+TEST_F(FlashPlayerTest, NestsPausesAndNeverWakesAStoppedMovie) {
+    FlashPlayer player;
+    player.StartAnimation("m.swf", 30, 20, nullptr);
+    EXPECT_THAT(CallsOf([&] {
+                    player.Pause();
+                    player.Pause();
+                    player.Unpause();
+                }),
+                ElementsAre("StopPlay"));
+    EXPECT_THAT(CallsOf([&] { player.Unpause(); }), ElementsAre("Play"));
+    player.Stop();
+    EXPECT_THAT(CallsOf([&] {
+                    player.Pause();
+                    player.Unpause();
+                }),
+                IsEmpty());
+}
+
+TEST_F(FlashPlayerTest, TellsTheEndOnce) {
+    CountingPlayer player;
+    player.StartAnimation("m.swf", 30, 20, nullptr);
+    player.SetLoopPlay(false);
+    for (int frame = 0; frame < 5; ++frame) {
+        EXPECT_EQ(player.Update(), 1);
+        EXPECT_EQ(player.ends, frame < 3 ? 0 : 1);
+        control_->Step();
+    }
+}
+
+TEST_F(FlashPlayerTest, DrawsWithAlpha) {
+    FlashPlayer player;
+    player.StartAnimation("m.swf", 30, 20, nullptr);
+    ASSERT_EQ(player.Render(), 1);
+    EXPECT_EQ(Pixel(&player, 9), 0xFF000000 | kOpaqueColor);
+    EXPECT_EQ(Pixel(&player, 10) >> 24, 128u);
+    EXPECT_NEAR(GETR(Pixel(&player, 10)), GETR(kHalfColor) / 2, 1) << "premultiplied";
+    EXPECT_EQ(Pixel(&player, 20), 0u);
+    control_->Step();
+    ASSERT_EQ(player.Render(), 1);
+    EXPECT_EQ(Pixel(&player, 9), 0xFF000000 | kOpaqueColorOddFrames);
+}
+
+}  // namespace

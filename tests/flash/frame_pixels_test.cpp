@@ -1,0 +1,54 @@
+#include "flash/frame_pixels.h"
+
+#include <gtest/gtest.h>
+
+#include <random>
+#include <vector>
+
+namespace {
+
+std::vector<uint32_t> RandomPixels(size_t count) {
+    static std::mt19937 random(20);
+    std::vector<uint32_t> pixels(count);
+    for (uint32_t& pixel : pixels)
+        pixel = random();
+    return pixels;
+}
+
+TEST(FramePixels, AlphaIsTheRedDifferenceInEverySize) {
+    for (size_t count = 0; count < 70; ++count) {
+        std::vector<uint32_t> black = RandomPixels(count + 1), white = RandomPixels(count);
+        std::vector<uint32_t> expected = black;
+        for (size_t i = 0; i < count; ++i) {
+            int alpha =
+                (static_cast<int>(black[i] >> 16 & 255) - static_cast<int>(white[i] >> 16 & 255) - 1) & 255;
+            expected[i] = static_cast<uint32_t>(alpha) << 24 | (black[i] & 0xFFFFFF);
+        }
+        flash::RebuildAlpha(black.data(), white.data(), count);
+        ASSERT_EQ(black, expected) << count << " pixels";
+    }
+}
+
+TEST(FramePixels, AlphaOfKnownPixels) {
+    uint32_t black[] = {0xFF102030, 0x00000000, 0x00800000, 0x00008040};
+    const uint32_t white[] = {0xFF102030, 0x00FFFFFF, 0x00FF7F7F, 0x00FF8040};
+    flash::RebuildAlpha(black, white, 4);
+    EXPECT_EQ(black[0], 0xFF102030u) << "opaque";
+    EXPECT_EQ(black[1], 0x00000000u) << "empty";
+    EXPECT_EQ(black[2], 0x80800000u) << "half-transparent red";
+    EXPECT_EQ(black[3], 0x00008040u) << "only red counts";
+}
+
+TEST(FramePixels, RowsKeepToTheirStride) {
+    for (size_t width = 1; width < 20; ++width)
+        for (size_t stride : {width, width + 1, size_t{32}}) {
+            std::vector<uint32_t> src = RandomPixels(width * 5), dst = RandomPixels(stride * 5);
+            std::vector<uint32_t> expected = dst;
+            for (size_t i = 0; i < src.size(); ++i)
+                expected[i / width * stride + i % width] = src[i];
+            flash::CopyRows(dst.data(), stride, src.data(), width, 5);
+            ASSERT_EQ(dst, expected) << width << " of " << stride;
+        }
+}
+
+}  // namespace
