@@ -6,6 +6,18 @@ using testing::IsEmpty;
 
 namespace {
 
+// Of this process; from the system's handle table where GetGuiResources does not count them.
+long LiveGdiObjects() {
+    struct Entry {
+        BYTE rest[14], type, more[9];
+    };
+    if (DWORD live = GetGuiResources(GetCurrentProcess(), GR_GDIOBJECTS)) return live;
+    char* environment_block;
+    asm("movl %%fs:0x30, %0" : "=r"(environment_block));
+    const Entry* table = *reinterpret_cast<Entry**>(environment_block + 0x94);
+    return std::count_if(table, table + 0x4000, [](const Entry& entry) { return entry.type != 0; });
+}
+
 struct CountingPlayer : FlashPlayer {
     void FlashAnimEnded() override { ++ends; }
     int ends = 0;
@@ -36,7 +48,20 @@ TEST_F(FlashPlayerTest, LivesAndDiesAsTheControlExpects) {
                     "Play", "SetObjectRects 0,0,30,20 0,0,30,20", "put_Quality2 High",
                     // Not to be saved; one reference to the movie is left, two to the site.
                     "Close 1 1 2"));
-    EXPECT_TRUE(GetObjectType(dc) == 0 && GetObjectType(bitmap) == 0) << "a GDI object is left";
+    EXPECT_TRUE(GetObjectType(dc) == 0 && GetObjectType(bitmap) == 0);
+}
+
+TEST_F(FlashPlayerTest, LeavesNoGdiObject) {
+    long before = 0;
+    for (int life = 0; life < 20; ++life) {
+        FlashPlayer player;
+        player.StartAnimation("m.swf", 30, 20, nullptr);
+        player.Render();
+        player.RebuildBuffer();
+        if (life == 0) before = LiveGdiObjects();
+        EXPECT_EQ(LiveGdiObjects(), before);
+    }
+    EXPECT_LT(LiveGdiObjects(), before);
 }
 
 TEST_F(FlashPlayerTest, RefusesWhatCannotBeShown) {

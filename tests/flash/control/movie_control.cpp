@@ -14,7 +14,8 @@ class Movie;
 
 std::string g_record;
 std::vector<Movie*> g_movies;
-MovieControl g_control;
+MovieControl AsNew();
+MovieControl g_control = AsNew();
 
 std::string Text(BSTR text) {
     std::string bytes;
@@ -246,16 +247,20 @@ void Step() {
 
 void Clear() {
     g_record.clear();
-    MovieControl fresh = {};
-    fresh.frames = 3;
-    fresh.version = 0x000A0002;
-    fresh.objects = g_control.objects;
-    fresh.class_references = g_control.class_references;
-    fresh.kept_site = g_control.kept_site;
-    fresh.Record = TakeRecord;
-    fresh.Clear = Clear;
-    fresh.Step = Step;
-    g_control = fresh;
+    long objects = g_control.objects, class_references = g_control.class_references;
+    g_control = AsNew();
+    g_control.objects = objects;
+    g_control.class_references = class_references;
+}
+
+MovieControl AsNew() {
+    MovieControl control = {};
+    control.frames = 3;
+    control.version = 0x000A0002;
+    control.Record = TakeRecord;
+    control.Clear = Clear;
+    control.Step = Step;
+    return control;
 }
 
 }  // namespace
@@ -271,6 +276,5 @@ STDAPI DllCanUnloadNow() {
 }
 
 extern "C" MovieControl* GetMovieControl() {
-    if (!g_control.Record) Clear();
     return &g_control;
 }
