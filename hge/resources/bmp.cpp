@@ -69,7 +69,7 @@ bool HasAlpha(const uint8_t* bytes, size_t size) {
     if (size < kFileHeader + kInfoHeader || Get16(bytes + 28) != 32) return false;
     uint32_t header = Get32(bytes + 14), compression = Get32(bytes + 30);
     if (compression == kPlain) return header >= kInfoHeader;
-    return compression == kBitfields && header >= kFirstWithAlphaMask && size >= kFileHeader + header &&
+    return compression == kBitfields && header >= kFirstWithAlphaMask && header <= size - kFileHeader &&
            Get32(bytes + 66) == 0xFF000000;
 }
 

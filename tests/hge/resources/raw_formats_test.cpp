@@ -1,6 +1,7 @@
 #include <gtest/gtest.h>
 
 #include "resources/block_compression.h"
+#include "resources/bmp.h"
 #include "resources/dds.h"
 #include "resources/tga.h"
 
@@ -147,6 +148,19 @@ TEST(DdsTest, MasksOfAnyShapeAndCutFiles) {
     Bytes foreign = MakeDds(4, "BC7U", 0, {}, 16);
     EXPECT_FALSE(hge::DecodeDds(foreign.data(), foreign.size(), &image, &reason));
     EXPECT_EQ(reason, "its DDS pixel format is not supported");
+}
+
+// A file of 60 bytes, whose header claims to go on to an alpha mask.
+TEST(BmpTest, AlphaIsNotReadBeyondTheFile) {
+    Bytes bmp(80, 0);
+    bmp[14] = 0xF0;
+    bmp[15] = bmp[16] = bmp[17] = 0xFF;
+    bmp[28] = 32;
+    bmp[30] = 3;
+    bmp[69] = 0xFF;
+    Image image{1, 1, {kWhite}};
+    hge::ApplyBmpAlpha(bmp.data(), 60, &image);
+    EXPECT_EQ(image.pixels, Pixels{kWhite});
 }
 
 }  // namespace
