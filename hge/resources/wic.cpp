@@ -14,9 +14,11 @@ namespace hge {
 namespace {
 
 // Leaves the host's own choice of threading model alone, and balances only what it did itself.
+// The multithreaded model, since an apartment makes and destroys a window: that costs more than a small
+// picture.
 class ComScope {
  public:
-    ComScope() : result_(CoInitializeEx(nullptr, COINIT_APARTMENTTHREADED)) {}
+    ComScope() : result_(CoInitializeEx(nullptr, COINIT_MULTITHREADED)) {}
     ~ComScope() {
         if (SUCCEEDED(result_)) CoUninitialize();
     }

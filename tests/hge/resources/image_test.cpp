@@ -178,15 +178,14 @@ TEST(ImageTest, AFailedWriteLeavesNothingAndKeepsTheOldFile) {
 }
 
 TEST(ImageTest, TheHostsChoiceOfThreadingModelIsLeftAlone) {
-    std::string reason;
-    DecodeFile("alpha.png");
-    ASSERT_EQ(CoInitializeEx(nullptr, COINIT_MULTITHREADED), S_OK);
-    ExpectSame(DecodeFile("alpha.png"), Sample());
-    EXPECT_EQ(CoInitializeEx(nullptr, COINIT_MULTITHREADED), S_FALSE);
-    CoUninitialize();
-    CoUninitialize();
-    EXPECT_EQ(CoInitializeEx(nullptr, COINIT_APARTMENTTHREADED), S_OK);
-    CoUninitialize();
+    for (DWORD model : {COINIT_MULTITHREADED, COINIT_APARTMENTTHREADED}) {
+        DecodeFile("alpha.png");
+        ASSERT_EQ(CoInitializeEx(nullptr, model), S_OK) << "an earlier decode left COM initialised";
+        ExpectSame(DecodeFile("alpha.png"), Sample());
+        EXPECT_EQ(CoInitializeEx(nullptr, model), S_FALSE);
+        CoUninitialize();
+        CoUninitialize();
+    }
 }
 
 }  // namespace
