@@ -17,22 +17,25 @@ uint32_t WithAlpha(uint32_t black, uint32_t white) {
     return (black & ~kAlphaMask) | alpha;
 }
 
-__m128i WithAlpha(__m128i black, __m128i white) {
+void RebuildStep(uint32_t* over_black, const uint32_t* over_white) {
     const __m128i mask = _mm_set1_epi32(static_cast<int>(kAlphaMask));
-    // black - white - 1 is black + ~white; bytes do not borrow from one another.
-    __m128i not_white = _mm_andnot_si128(_mm_slli_epi32(white, 8), mask);
-    __m128i alpha = _mm_add_epi8(_mm_and_si128(_mm_slli_epi32(black, 8), mask), not_white);
-    return _mm_or_si128(_mm_andnot_si128(mask, black), alpha);
+    __m128i black = _mm_loadu_si128(reinterpret_cast<const __m128i*>(over_black));
+    __m128i white = _mm_loadu_si128(reinterpret_cast<const __m128i*>(over_white));
+    // black - white - 1 is ~(white - black); bytes do not borrow from one another.
+    __m128i alpha = _mm_andnot_si128(_mm_slli_epi32(_mm_sub_epi8(white, black), 8), mask);
+    _mm_storeu_si128(reinterpret_cast<__m128i*>(over_black),
+                     _mm_or_si128(_mm_andnot_si128(mask, black), alpha));
 }
 
 }  // namespace
 
 void RebuildAlpha(uint32_t* over_black, const uint32_t* over_white, size_t pixels) {
     size_t i = 0;
-    for (; i + kStep <= pixels; i += kStep) {
-        __m128i* black = reinterpret_cast<__m128i*>(over_black + i);
-        const __m128i* white = reinterpret_cast<const __m128i*>(over_white + i);
-        _mm_storeu_si128(black, WithAlpha(_mm_loadu_si128(black), _mm_loadu_si128(white)));
+    for (; i + 4 * kStep <= pixels; i += 4 * kStep) {
+        RebuildStep(over_black + i, over_white + i);
+        RebuildStep(over_black + i + kStep, over_white + i + kStep);
+        RebuildStep(over_black + i + 2 * kStep, over_white + i + 2 * kStep);
+        RebuildStep(over_black + i + 3 * kStep, over_white + i + 3 * kStep);
     }
     for (; i < pixels; ++i)
         over_black[i] = WithAlpha(over_black[i], over_white[i]);
