@@ -1,11 +1,25 @@
+#include <malloc.h>
+
 #include "flash/flash_fixture.h"
 
 namespace {
 
+// Blocks of a sprite's size on the heap.
+long LiveSprites() {
+    _HEAPINFO block = {};
+    long live = 0;
+    while (_heapwalk(&block) == _HEAPOK)
+        live += block._useflag == _USEDENTRY && block._size == sizeof(CFlashSprite);
+    return live;
+}
+
 class FlashManagerTest : public FlashTest {
  protected:
     FlashManagerTest() { EXPECT_TRUE(FlashManager::CreatFlashManager(&Recording())); }
-    ~FlashManagerTest() override { FlashManager::DestroyFlashManager(); }
+    ~FlashManagerTest() override {
+        FlashManager::DestroyFlashManager();
+        EXPECT_TRUE(Recording().textures.empty() && LiveSprites() == sprites_before_);
+    }
 
     IFlashSprite* Playing(bool auto_render) {
         IFlashSprite* sprite = FlashManager::CreatFlashSprite(auto_render);
@@ -21,6 +35,7 @@ class FlashManagerTest : public FlashTest {
     }
 
     char file_[8] = "C:\\m";
+    long sprites_before_ = LiveSprites();
 };
 
 TEST_F(FlashManagerTest, IsOneOrNone) {
@@ -51,7 +66,8 @@ TEST_F(FlashManagerTest, OneShotsVanishWhereverTheyStand) {
         control_->Step();
     }
     EXPECT_EQ(Frame(), 1u);
-    EXPECT_TRUE(control_->objects == 1 && Recording().textures.size() == 1);
+    EXPECT_TRUE(control_->objects == 1 && Recording().textures.size() == 1 &&
+                LiveSprites() == sprites_before_ + 1);
 
     looped->SetLoopPlay(false);
     for (int frame = 0; frame < 3; ++frame)
