@@ -46,8 +46,7 @@ TextureSource Device::MakeTexture(int width, int height, int slices, Use use) co
     desc.Format = DXGI_FORMAT_B8G8R8A8_UNORM;
     desc.SampleDesc.Count = 1;
     desc.BindFlags = D3D11_BIND_SHADER_RESOURCE;
-    if (use != Use::kSample) desc.BindFlags |= D3D11_BIND_RENDER_TARGET;
-    if (use == Use::kSampleMipmaps) desc.MiscFlags = D3D11_RESOURCE_MISC_GENERATE_MIPS;
+    if (use == Use::kTarget) desc.BindFlags |= D3D11_BIND_RENDER_TARGET;
 
     D3D11_SHADER_RESOURCE_VIEW_DESC view{};
     view.Format = desc.Format;

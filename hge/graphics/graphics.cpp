@@ -41,6 +41,7 @@ struct Graphics::Impl {
     explicit Impl(Log& the_log)
         : log(the_log), textures(log, device, [this] { scene.Flush(); }), scene(log, device, textures) {}
 
+    bool CheckSettings() const;
     bool CreateDevice();
     bool Rebuild();
     bool RestoreTargets();
@@ -65,6 +66,12 @@ struct Graphics::Impl {
     HandleTable<Target, HandleKind::kTarget> targets;
     HostBatch batch;
 };
+
+bool Graphics::Impl::CheckSettings() const {
+    if (IsWindow(settings.window) && settings.width > 0 && settings.height > 0) return true;
+    log.Fail("graphics: no window, or no picture of %d x %d in it", settings.width, settings.height);
+    return false;
+}
 
 bool Graphics::Impl::CreateDevice() {
     return device.Create(log) &&
@@ -171,7 +178,7 @@ bool Graphics::Start(const GraphicsSettings& settings) {
     Stop();
     impl_->settings = settings;
     impl_->frames = 0;
-    impl_->running = impl_->CreateDevice() && impl_->textures.Start();
+    impl_->running = impl_->CheckSettings() && impl_->CreateDevice() && impl_->textures.Start();
     if (!impl_->running) {
         Stop();
         return false;

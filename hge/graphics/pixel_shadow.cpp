@@ -23,6 +23,20 @@ bool PixelShadow::Unlock(Box* changed) {
 
 namespace {
 
+uint32_t Average(const uint32_t (&colors)[4]) {
+    uint32_t alpha = 0;
+    for (uint32_t color : colors)
+        alpha += color >> 24;
+    uint32_t average = (alpha + 2) / 4 << 24;
+    for (int shift : {0, 8, 16}) {
+        uint32_t sum = 0;
+        for (uint32_t color : colors)
+            sum += (color >> shift & 0xFF) * (color >> 24);
+        if (alpha) average |= (sum + alpha / 2) / alpha << shift;
+    }
+    return average;
+}
+
 void AppendRow(const PixelShadow& shadow, int y, const Box& box, std::vector<uint32_t>* out) {
     int row = std::clamp(y, 0, shadow.height() - 1);
     int from = std::max(box.left, 0);
@@ -33,6 +47,21 @@ void AppendRow(const PixelShadow& shadow, int y, const Box& box, std::vector<uin
 }
 
 }  // namespace
+
+PixelShadow Halved(const PixelShadow& shadow) {
+    int width = std::max(shadow.width() / 2, 1);
+    int height = std::max(shadow.height() / 2, 1);
+    std::vector<uint32_t> pixels;
+    pixels.reserve(static_cast<size_t>(width) * static_cast<size_t>(height));
+    for (int y = 0; y < height; ++y)
+        for (int x = 0; x < width; ++x) {
+            int right = std::min(2 * x + 1, shadow.width() - 1);
+            int below = std::min(2 * y + 1, shadow.height() - 1);
+            pixels.push_back(Average({*shadow.Pixel(2 * x, 2 * y), *shadow.Pixel(right, 2 * y),
+                                      *shadow.Pixel(2 * x, below), *shadow.Pixel(right, below)}));
+        }
+    return {width, height, std::move(pixels)};
+}
 
 void MakeAtlasUpload(const PixelShadow& shadow, const Box& changed, AtlasUpload* upload) {
     Box box = changed;

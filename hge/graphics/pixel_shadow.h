@@ -35,6 +35,9 @@ class PixelShadow {
     Box writing_;
 };
 
+// A picture of half the size, at least one pixel a side; colours count by their alpha.
+PixelShadow Halved(const PixelShadow& shadow);
+
 // Pixels on their way into an atlas entry, whose corner is the texture's pixel (-1, -1).
 struct AtlasUpload {
     Box box;  // within the entry

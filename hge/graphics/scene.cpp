@@ -123,44 +123,54 @@ void Scene::Quad(const Vertex* corners, uint32_t texture, int blend) {
     Submit(moved, texture, blend);
 }
 
-Texture* Scene::FindTexture(uint32_t id) {
+Texture* Scene::RefuseTexture(uint32_t id, const Texture* texture) {
+    if (texture)
+        log_.WriteOnce("draw self", "graphics: a target cannot be drawn into itself");
+    else
+        log_.WriteOnce("draw dead", "graphics: drawing with %08X, which is no texture", id);
+    return nullptr;
+}
+
+inline Texture* Scene::FindTexture(uint32_t id) {
     if (!id) return &textures_.white();
     Texture* texture = textures_.Find(id);
-    if (!texture) {
-        log_.WriteOnce("draw dead", "graphics: drawing with %08X, which is no texture", id);
-    } else if (texture->target && texture->target == target_) {
-        log_.WriteOnce("draw self", "graphics: a target cannot be drawn into itself");
-        return nullptr;
-    }
-    return texture;
+    bool usable = texture && (!texture->target || texture->target != target_);
+    return usable ? texture : RefuseTexture(id, texture);
+}
+
+void Scene::RefuseNonsense() {
+    log_.WriteOnce("nonsense", "graphics: positions or texture coordinates are no numbers or far too large");
 }
 
 void Scene::Submit(const Vertex* corners, uint32_t id, int blend) {
     Texture* texture = FindTexture(id);
     if (!texture) return;
-    QuadRegisters quad(corners);
-    QuadKind kind = id ? quad.Classify() : quad.PositionsAreSane() ? QuadKind::kPlain : QuadKind::kNonsense;
-    if (kind == QuadKind::kNonsense) {
-        log_.WriteOnce("nonsense",
-                       "graphics: positions or texture coordinates that are no numbers or far too large");
-        return;
+    bool tiled = false;
+    if (id) {
+        QuadKind kind = Classify(corners);
+        if (kind == QuadKind::kNonsense) return RefuseNonsense();
+        tiled = kind == QuadKind::kTiled;
+    } else if (!PositionsAreSane(corners)) {
+        return RefuseNonsense();
     }
-    const TextureSource* source = textures_.Prepare(*texture, kind == QuadKind::kTiled);
+    const TextureSource* source = textures_.Prepare(*texture, tiled);
     DeviceVertex* room = source ? Room(source, blend & BLEND_ZWRITE && surface_.depth) : nullptr;
     if (!room) return;
     if (id)
-        quad.Write(texture->placement, ModeOf(blend), room);
+        WriteQuad(corners, texture->placement, ModeOf(blend), room);
     else
-        quad.WriteFlat(texture->placement, ModeOf(blend), room);
+        WriteFlatQuad(corners, texture->placement, ModeOf(blend), room);
     texture->batch = textures_.batch();
     ++quads_;
     if (ring_.full()) Flush();
 }
 
-DeviceVertex* Scene::Room(const TextureSource* source, bool write_depth) {
-    if (source != source_ || write_depth != write_depth_) Flush();
-    source_ = source;
-    write_depth_ = write_depth;
+inline DeviceVertex* Scene::Room(const TextureSource* source, bool write_depth) {
+    if (source != source_ || write_depth != write_depth_) {
+        Flush();
+        source_ = source;
+        write_depth_ = write_depth;
+    }
     return ring_.Next(device_);
 }
 

@@ -40,6 +40,8 @@ class Scene {
  private:
     void Submit(const Vertex* corners, uint32_t texture, int blend);
     Texture* FindTexture(uint32_t id);
+    Texture* RefuseTexture(uint32_t id, const Texture* texture);
+    void RefuseNonsense();
     void MoveCorner(Vertex* corner) const { transform_.Apply(&corner->x, &corner->y); }
     DeviceVertex* Room(const TextureSource* source, bool write_depth);
 

@@ -229,13 +229,23 @@ void TextureStore::UploadToAtlas(const Texture& texture) {
 }
 
 void TextureStore::UploadAlone(const Texture& texture) {
-    const Box& box = texture.dirty;
+    SendLevel(texture, 0, texture.shadow, texture.dirty);
+    if (!texture.mipmaps) return;
+    UINT level = 0;
+    PixelShadow smaller;
+    for (const PixelShadow* last = &texture.shadow; last->width() > 1 || last->height() > 1;
+         last = &smaller) {
+        smaller = Halved(*last);
+        SendLevel(texture, ++level, smaller, {0, 0, smaller.width(), smaller.height()});
+    }
+}
+
+void TextureStore::SendLevel(const Texture& texture, UINT level, const PixelShadow& pixels, const Box& box) {
     D3D11_BOX where{static_cast<UINT>(box.left),  static_cast<UINT>(box.top),    0,
                     static_cast<UINT>(box.right), static_cast<UINT>(box.bottom), 1};
-    device_.context()->UpdateSubresource(texture.own.texture.Get(), 0, &where,
-                                         texture.shadow.Pixel(box.left, box.top),
-                                         static_cast<UINT>(texture.width) * 4, 0);
-    if (texture.mipmaps) device_.context()->GenerateMips(texture.own.view.Get());
+    device_.context()->UpdateSubresource(texture.own.texture.Get(), level, &where,
+                                         pixels.Pixel(box.left, box.top),
+                                         static_cast<UINT>(pixels.width()) * 4, 0);
     CountUpload(box);
 }
 

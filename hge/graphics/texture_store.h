@@ -11,14 +11,16 @@
 namespace hge {
 
 struct Texture {
+    // What every quad asks for comes first, in one cache line.
     Placement placement;
-    Box dirty;           // pixels that the device does not have yet
-    uint32_t batch = 0;  // the batch that drew from it last
+    Box dirty;            // pixels that the device does not have yet
+    uint32_t batch = 0;   // the batch that drew from it last
+    uint32_t target = 0;  // the target that it belongs to; such a texture has no shadow
     bool in_atlas = false;
+
     AtlasSlot slot;     // where in the atlas
     TextureSource own;  // else its own
     int width = 0, height = 0;
-    uint32_t target = 0;  // the target that it belongs to; such a texture has no shadow
     bool mipmaps = false;
     PixelShadow shadow;
     uint32_t upload_frame = 0;
@@ -81,6 +83,7 @@ class TextureStore {
     void Upload(Texture& texture);
     void UploadToAtlas(const Texture& texture);
     void UploadAlone(const Texture& texture);
+    void SendLevel(const Texture& texture, UINT level, const PixelShadow& pixels, const Box& box);
     void CountUpload(const Box& box);
 
     Log& log_;
@@ -93,7 +96,7 @@ class TextureStore {
     int slices_ = 0;
     AtlasUpload staging_;
     uint32_t batch_ = 1;
-    uint32_t frame_ = 1;
+    uint32_t frame_ = 2;  // so that a texture never sent was not sent in the frame before
     DWORD uploads_ = 0;
     DWORD upload_bytes_ = 0;
 };

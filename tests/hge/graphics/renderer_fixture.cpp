@@ -82,7 +82,7 @@ HTEXTURE RendererTest::MakeTexture(int width, int height,
     return texture;
 }
 
-uint32_t RendererTest::Pattern(int x, int y) {
+uint32_t Pattern(int x, int y) {
     auto red = static_cast<uint32_t>(x * 37 & 0xFF);
     auto green = static_cast<uint32_t>(y * 53 & 0xFF);
     auto blue = static_cast<uint32_t>((x ^ y) * 91 & 0xFF);

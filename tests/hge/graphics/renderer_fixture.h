@@ -11,6 +11,9 @@
 
 namespace test {
 
+// Opaque, each pixel different from its neighbours.
+uint32_t Pattern(int x, int y);
+
 // A renderer on a window of its own, started once for all tests of a suite.
 class RendererTest : public testing::Test {
  protected:
@@ -39,9 +42,7 @@ class RendererTest : public testing::Test {
     HTEXTURE MakePlain(int width, int height, uint32_t color) {
         return MakeTexture(width, height, [color](int, int) { return color; });
     }
-    // Each texel different from its neighbours and opaque.
     HTEXTURE MakePattern(int width, int height) { return MakeTexture(width, height, Pattern); }
-    static uint32_t Pattern(int x, int y);
     void Write(HTEXTURE texture, int x, int y, int width, int height, uint32_t color);
     void Forget(HTEXTURE texture) { textures_.erase(std::find(textures_.begin(), textures_.end(), texture)); }
 
