@@ -27,6 +27,7 @@ bool Device::Create(Log& log) {
         log.Fail("graphics: no Direct3D 11 device (%s)", ResultText(result).c_str());
         return false;
     }
+    log.Write("graphics: Direct3D 11 at feature level %x", static_cast<unsigned>(level));
     max_texture_size_ = level >= D3D_FEATURE_LEVEL_11_0 ? 16384 : 8192;
     return true;
 }

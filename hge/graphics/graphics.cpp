@@ -311,7 +311,10 @@ HTARGET Graphics::CreateTarget(int width, int height, bool zbuffer) {
     Target& made = *target;
     HTARGET id = impl_->targets.Insert(std::move(target));
     if (id) made.texture = impl_->textures.CreateForTarget(id, width, height, std::move(source));
-    return id;
+    if (id && made.texture) return id;
+    impl_->log.Fail("cannot create a target: there are too many targets or textures");
+    impl_->targets.Remove(id);
+    return 0;
 }
 
 void Graphics::FreeTarget(HTARGET target) {
@@ -337,6 +340,7 @@ HTEXTURE Graphics::CreateTexture(int width, int height) {
 }
 
 HTEXTURE Graphics::CreateTexture(const Image& image, bool mipmaps, const char* name) {
+    if (!name) name = "";
     if (!impl_->CheckSize(name, image.width, image.height)) return 0;
     if (image.pixels.size() != static_cast<size_t>(image.width) * static_cast<size_t>(image.height)) {
         impl_->log.Fail("cannot create the texture \"%s\": its pixels do not fit its size", name);

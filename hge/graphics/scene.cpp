@@ -142,6 +142,10 @@ void Scene::RefuseNonsense() {
     log_.WriteOnce("nonsense", "graphics: positions or texture coordinates are no numbers or far too large");
 }
 
+void Scene::RefuseRoom() {
+    log_.WriteOnce("room", "graphics: the device has no room for a texture or for vertices; quads are lost");
+}
+
 void Scene::Submit(const Vertex* corners, uint32_t id, int blend) {
     Texture* texture = FindTexture(id);
     if (!texture) return;
@@ -155,7 +159,7 @@ void Scene::Submit(const Vertex* corners, uint32_t id, int blend) {
     }
     const TextureSource* source = textures_.Prepare(*texture, tiled);
     DeviceVertex* room = source ? Room(source, blend & BLEND_ZWRITE && surface_.depth) : nullptr;
-    if (!room) return;
+    if (!room) return RefuseRoom();
     if (id)
         WriteQuad(corners, texture->placement, ModeOf(blend), room);
     else

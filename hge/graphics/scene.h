@@ -42,6 +42,7 @@ class Scene {
     Texture* FindTexture(uint32_t id);
     Texture* RefuseTexture(uint32_t id, const Texture* texture);
     void RefuseNonsense();
+    void RefuseRoom();
     void MoveCorner(Vertex* corner) const { transform_.Apply(&corner->x, &corner->y); }
     DeviceVertex* Room(const TextureSource* source, bool write_depth);
 

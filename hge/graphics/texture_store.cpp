@@ -38,8 +38,8 @@ void TextureStore::Stop() {
 
 bool TextureStore::Restore() {
     pages_ = {};
-    int slices = std::exchange(slices_, 0);
-    bool whole = GrowPages(slices);
+    slices_ = 0;
+    bool whole = GrowPages(atlas_.pages());
     white_.dirty = white_.whole();
     textures_.ForEach([&](uint32_t, Texture& texture) {
         if (texture.target) return;
@@ -52,18 +52,20 @@ bool TextureStore::Restore() {
 }
 
 uint32_t TextureStore::Create(PixelShadow shadow, bool mipmaps, const char* name) {
-    auto texture = std::make_unique<Texture>();
-    texture->width = shadow.width();
-    texture->height = shadow.height();
-    texture->shadow = std::move(shadow);
-    texture->mipmaps = mipmaps;
-    bool placed = Place(*texture);
-    Texture& placed_texture = *texture;
-    uint32_t id = placed ? textures_.Insert(std::move(texture)) : 0;
+    auto made = std::make_unique<Texture>();
+    Texture& texture = *made;
+    texture.width = shadow.width();
+    texture.height = shadow.height();
+    texture.shadow = std::move(shadow);
+    texture.mipmaps = mipmaps;
+    uint32_t id = textures_.Insert(std::move(made));
     if (!id) {
-        if (placed) LeaveAtlas(placed_texture);
+        log_.Fail("cannot create the texture \"%s\": there are too many", name);
+    } else if (!Place(texture)) {
         log_.Fail("cannot create the texture \"%s\" of %d x %d pixels: the device has no room", name,
-                  placed_texture.width, placed_texture.height);
+                  texture.width, texture.height);
+        textures_.Remove(id);
+        id = 0;
     }
     return id;
 }
@@ -194,10 +196,7 @@ void TextureStore::FlushIfPending(const Texture& texture) {
 }
 
 bool TextureStore::MakeReady(Texture& texture, bool tiled) {
-    if (tiled && !texture.own.wrap && !Repeat(texture)) {
-        log_.WriteOnce("repeat", "graphics: no room on the device for a repeating texture");
-        return false;
-    }
+    if (tiled && !texture.own.wrap && !Repeat(texture)) return false;
     if (!texture.in_atlas && !texture.own) return false;
     if (!texture.dirty.empty()) Upload(texture);
     return true;

@@ -3,8 +3,6 @@
 #include <algorithm>
 #include <cstdlib>
 #include <filesystem>
-#include <fstream>
-#include <iterator>
 
 namespace test {
 
@@ -53,15 +51,6 @@ hge::Image MakePicture(int width, int height, const std::function<uint32_t(int x
     for (int y = 0; y < height; ++y)
         for (int x = 0; x < width; ++x)
             picture.pixels.push_back(pixel(x, y));
-    return picture;
-}
-
-hge::Image LoadPicture(const std::string& path) {
-    std::ifstream file(path, std::ios::binary);
-    std::string bytes{std::istreambuf_iterator<char>(file), {}};
-    hge::Image picture;
-    std::string reason;
-    EXPECT_TRUE(hge::DecodeImage(bytes.data(), bytes.size(), &picture, &reason)) << path << ": " << reason;
     return picture;
 }
 

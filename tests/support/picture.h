@@ -18,9 +18,6 @@ struct Tolerance {
 // A picture computed pixel by pixel.
 hge::Image MakePicture(int width, int height, const std::function<uint32_t(int x, int y)>& pixel);
 
-// A picture from a file beside the test program; a failed expectation when it cannot be read.
-hge::Image LoadPicture(const std::string& path);
-
 // Succeeds when every channel of every pixel is within the tolerance. Otherwise the folder "pictures" below
 // the working folder keeps NAME-actual.png, NAME-expected.png and NAME-difference.png, and the message names
 // them.

@@ -23,8 +23,8 @@ hge::Image Rectangle(int left, int top, int width, int height,
     });
 }
 
-hge::Image Plain(int left, int top, int width, int height, uint32_t color) {
-    return Rectangle(left, top, width, height, [color](int, int) { return color; });
+uint32_t White(int, int) {
+    return kWhite;
 }
 
 std::set<std::pair<int, int>> LitPixels(const hge::Image& screen) {
@@ -206,9 +206,9 @@ TEST_F(GraphicsTest, ClippingHoldsUntilTheNextScene) {
         gfx().SetClipping(50, 60, 70, 80);
         DrawQuad(0, 0, 320, 240, 0);
     });
-    EXPECT_TRUE(SamePicture("clip", screen, Plain(50, 60, 70, 80, kWhite)));
+    EXPECT_TRUE(SamePicture("clip", screen, Rectangle(50, 60, 70, 80, White)));
     screen = Screen([&] { DrawQuad(0, 0, 320, 240, 0); });
-    EXPECT_TRUE(SamePicture("clip_reset", screen, Plain(0, 0, 320, 240, kWhite)));
+    EXPECT_TRUE(SamePicture("clip_reset", screen, Rectangle(0, 0, 320, 240, White)));
 }
 
 TEST_F(GraphicsTest, TransformationHoldsUntilTheNextScene) {

@@ -10,8 +10,8 @@ hge::Graphics* RendererTest::graphics_ = nullptr;
 HWND RendererTest::window_ = nullptr;
 
 void RendererTest::StartRenderer(bool zbuffer) {
-    window_ = CreateWindowExA(0, "STATIC", "renderer test", WS_POPUP | WS_VISIBLE, 0, 0, kWidth, kHeight,
-                              nullptr, nullptr, nullptr, nullptr);
+    window_ = CreateWindowExA(0, "STATIC", "renderer test", WS_POPUP, 0, 0, kWidth, kHeight, nullptr, nullptr,
+                              nullptr, nullptr);
     log_ = new hge::Log;
     log_->Open("graphics_test.log");
     graphics_ = new hge::Graphics(*log_);

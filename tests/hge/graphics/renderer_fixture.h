@@ -14,7 +14,7 @@ namespace test {
 // Opaque, each pixel different from its neighbours.
 uint32_t Pattern(int x, int y);
 
-// A renderer on a window of its own, started once for all tests of a suite.
+// A renderer on a hidden window of its own, started once for all tests of a suite.
 class RendererTest : public testing::Test {
  protected:
     static constexpr int kWidth = 320;
