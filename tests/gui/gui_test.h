@@ -1,0 +1,122 @@
+#pragma once
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "drill2d/controls.h"
+#include "drill2d/resources.h"
+#include "support/recording_hge.h"
+#include "support/win32_seams.h"
+
+// What a sink was told, one line a record: code, param and, for drags, the point.
+class NotifyLog final : public INotifyMsg {
+ public:
+    std::vector<std::string> Take() {
+        std::vector<std::string> taken;
+        taken.swap(lines_);
+        return taken;
+    }
+    bool answers = true;
+
+    bool IsValid() override { return true; }
+    bool Release() override { return true; }
+    void* QueryInterface(const GUID& iid, unsigned long version) override {
+        bool known = IsEqualGUID(iid, IID_INotifyMsg) && version == CONTROL_INTERFACE_VERSION;
+        return known && answers ? static_cast<INotifyMsg*>(this) : nullptr;
+    }
+    void OnNotify(ControlNotify* msg) override {
+        EXPECT_EQ(msg->kind, 1u);
+        EXPECT_EQ(msg->reserved, 0u);
+        EXPECT_EQ(msg->time, GetTickCount());
+        lines_.push_back("#" + std::to_string(msg->sender->id) + " " + Name(msg->code) + " " +
+                         std::to_string(msg->param));
+        if (msg->x || msg->y) lines_.back() += " at " + std::to_string(msg->x) + "," + std::to_string(msg->y);
+    }
+
+ private:
+    static std::string Name(unsigned int code) {
+        switch (code) {
+            case NOTIFY_LBUTTONDOWN:
+                return "down";
+            case NOTIFY_MOUSEOVER:
+                return "over";
+            case NOTIFY_CHECKED:
+                return "checked";
+            case NOTIFY_DRAGMOVE:
+                return "drag";
+            case NOTIFY_CLICK:
+                return "click";
+        }
+        return "code " + std::to_string(code);
+    }
+    std::vector<std::string> lines_;
+};
+
+// Controls in a GUI with a mouse; each step of the mouse is one frame.
+class GuiTest : public testing::Test {
+ protected:
+    void SetUp() override {
+        Recording().Reset();
+        Recording().initiated = true;
+        win32_seams::Reset();
+        // Far from every press of the tests before: the press debounce lives as long as the process.
+        static DWORD start = 0;
+        win32_seams::SetTick(start += 1000000);
+        gui_ = std::make_unique<hgeGUI>();
+    }
+    void TearDown() override {
+        gui_.reset();
+        EXPECT_THAT(Recording().Faults(), testing::IsEmpty());
+    }
+
+    // The GUI owns it.
+    template <class Control>
+    Control* Add(Control* control) {
+        control->id = ++last_id_;
+        control->SetINotifyMsg(&log_);
+        gui_->AddCtrl(control);
+        return control;
+    }
+    void MoveMouse(float x, float y) {
+        Recording().mouse_x = x;
+        Recording().mouse_y = y;
+        Frame();
+    }
+    void Press() {
+        Recording().Press(HGEK_LBUTTON);
+        Frame();
+    }
+    void Lift() {
+        Recording().Lift(HGEK_LBUTTON);
+        Frame();
+    }
+    void Frame() {
+        gui_->Update(0.25f);
+        Recording().NextFrame();
+    }
+    // The quads of one picture.
+    std::vector<hgeQuad> Draw() {
+        Recording().ClearCalls();
+        gui_->Render();
+        return Recording().quads;
+    }
+    // Where in the texture a quad's left edge and right edge lie, pixels.
+    static std::vector<float> SourceX(const hgeQuad& quad) {
+        float width = static_cast<float>(Recording().textures[quad.tex].width);
+        return {quad.v[0].tx * width, quad.v[1].tx * width};
+    }
+
+    NotifyLog log_;
+    std::unique_ptr<hgeGUI> gui_;
+
+ private:
+    int last_id_ = 0;
+};
+
+inline std::vector<float> Edges(const hgeRect& rect) {
+    return {rect.x1, rect.y1, rect.x2, rect.y2};
+}
