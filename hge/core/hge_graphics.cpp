@@ -1,0 +1,127 @@
+#include <utility>
+
+#include "core/hge_impl.h"
+#include "resources/image.h"
+
+namespace hge {
+
+bool HgeImpl::Gfx_BeginScene(HTARGET target) {
+    return Guarded("Gfx_BeginScene", [&] {
+        if (!graphics_.BeginScene(target)) return false;
+        screen_scene_ = target == 0;
+        return true;
+    });
+}
+
+void HgeImpl::Gfx_EndScene() {
+    Guarded("Gfx_EndScene", [&] {
+        graphics_.EndScene();
+        screen_drawn_ |= std::exchange(screen_scene_, false);
+    });
+}
+
+void HgeImpl::Gfx_Clear(DWORD color) {
+    Guarded("Gfx_Clear", [&] { graphics_.Clear(color); });
+}
+
+void HgeImpl::Gfx_RenderLine(float x1, float y1, float x2, float y2, DWORD color, float z) {
+    Guarded("Gfx_RenderLine", [&] { graphics_.RenderLine(x1, y1, x2, y2, color, z); });
+}
+
+void HgeImpl::Gfx_RenderTriple(const hgeTriple* triple) {
+    Guarded("Gfx_RenderTriple", [&] { graphics_.RenderTriple(triple); });
+}
+
+void HgeImpl::Gfx_RenderQuad(const hgeQuad* quad) {
+    Guarded("Gfx_RenderQuad", [&] { graphics_.RenderQuad(quad); });
+}
+
+hgeVertex* HgeImpl::Gfx_StartBatch(int prim_type, HTEXTURE tex, int blend, int* max_prim) {
+    return Guarded("Gfx_StartBatch", [&] { return graphics_.StartBatch(prim_type, tex, blend, max_prim); });
+}
+
+void HgeImpl::Gfx_FinishBatch(int nprim) {
+    Guarded("Gfx_FinishBatch", [&] { graphics_.FinishBatch(nprim); });
+}
+
+void HgeImpl::Gfx_SetClipping(int x, int y, int w, int h) {
+    Guarded("Gfx_SetClipping", [&] { graphics_.SetClipping(x, y, w, h); });
+}
+
+void HgeImpl::Gfx_SetTransform(float x, float y, float dx, float dy, float rot, float hscale, float vscale) {
+    Guarded("Gfx_SetTransform", [&] { graphics_.SetTransform(x, y, dx, dy, rot, hscale, vscale); });
+}
+
+HTARGET HgeImpl::Target_Create(int width, int height, bool zbuffer) {
+    return Guarded("Target_Create", [&] { return graphics_.CreateTarget(width, height, zbuffer); });
+}
+
+void HgeImpl::Target_Free(HTARGET target) {
+    Guarded("Target_Free", [&] { graphics_.FreeTarget(target); });
+}
+
+HTEXTURE HgeImpl::Target_GetTexture(HTARGET target) {
+    return Guarded("Target_GetTexture", [&] { return graphics_.TargetTexture(target); });
+}
+
+HTEXTURE HgeImpl::Texture_Create(int width, int height) {
+    return Guarded("Texture_Create", [&] { return graphics_.CreateTexture(width, height); });
+}
+
+HTEXTURE HgeImpl::Texture_Load(const char* filename, DWORD size, bool bMipmap) {
+    return Guarded("Texture_Load", [&] { return LoadTexture(filename, size, bMipmap); });
+}
+
+HTEXTURE HgeImpl::LoadTexture(const char* filename, DWORD size, bool mipmaps) {
+    const char* name = size ? "(memory)" : filename ? filename : "";
+    if (!graphics_.running()) {
+        log_.Fail("cannot load texture \"%s\": the system is not initiated", name);
+        return 0;
+    }
+    auto give_back = [this](void* block) { resources_.Free(block); };
+    std::unique_ptr<void, decltype(give_back)> block(nullptr, give_back);
+    const void* bytes = filename;
+    uint32_t length = size;
+    if (!size) {
+        block.reset(resources_.Load(filename, &length));
+        bytes = block.get();
+    }
+    // Without bytes the resources have said why.
+    if (!bytes) return 0;
+    Image image;
+    std::string reason;
+    if (DecodeImage(bytes, length, &image, &reason)) return graphics_.CreateTexture(image, mipmaps, name);
+    log_.Fail("cannot load texture \"%s\": %s", name, reason.c_str());
+    return 0;
+}
+
+void HgeImpl::Texture_Free(HTEXTURE tex) {
+    Guarded("Texture_Free", [&] { graphics_.FreeTexture(tex); });
+}
+
+int HgeImpl::Texture_GetWidth(HTEXTURE tex, bool bOriginal) {
+    return Guarded("Texture_GetWidth", [&] { return graphics_.TextureWidth(tex, bOriginal); });
+}
+
+int HgeImpl::Texture_GetHeight(HTEXTURE tex, bool bOriginal) {
+    return Guarded("Texture_GetHeight", [&] { return graphics_.TextureHeight(tex, bOriginal); });
+}
+
+DWORD* HgeImpl::Texture_Lock(HTEXTURE tex, bool bReadOnly, int left, int top, int width, int height) {
+    return Guarded("Texture_Lock",
+                   [&] { return graphics_.LockTexture(tex, bReadOnly, left, top, width, height); });
+}
+
+void HgeImpl::Texture_Unlock(HTEXTURE tex) {
+    Guarded("Texture_Unlock", [&] { graphics_.UnlockTexture(tex); });
+}
+
+bool HgeImpl::Gfx_LoadEffect(const char* filename) {
+    return Guarded("Gfx_LoadEffect", [&] {
+        log_.Fail("cannot load effect \"%s\": effects are not available in this build",
+                  filename ? filename : "");
+        return false;
+    });
+}
+
+}  // namespace hge
