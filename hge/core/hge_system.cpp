@@ -170,6 +170,7 @@ void HgeImpl::ReportFocus() {
 
 // A frame without a scene on the screen leaves the last one there.
 void HgeImpl::PresentFrame() {
+    if (screen_scene_) Gfx_EndScene();
     if (!std::exchange(screen_drawn_, false)) return;
     bool rebuilt = Guarded("Present", [&] { return graphics_.Present(); });
     if (rebuilt) Call(HGE_GFXRESTOREFUNC);

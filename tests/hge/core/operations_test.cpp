@@ -1,0 +1,204 @@
+#include <gmock/gmock.h>
+
+#include "core/running_hge.h"
+
+namespace {
+
+using testing::HasSubstr;
+
+// Handles of every kind that name nothing.
+constexpr DWORD kBadHandles[] = {0, 1, 0x10040000, 0x20040000, 0x30040000, 0x60040000, 0xFFFFFFFF};
+
+void UseTexturesAndTargets(HGE* hge, DWORD handle) {
+    hge->Texture_Free(handle);
+    EXPECT_EQ(hge->Texture_GetWidth(handle), 0);
+    EXPECT_EQ(hge->Texture_GetHeight(handle, true), 0);
+    EXPECT_EQ(hge->Texture_Lock(handle), nullptr);
+    hge->Texture_Unlock(handle);
+    hge->Target_Free(handle);
+    EXPECT_EQ(hge->Target_GetTexture(handle), 0u);
+    if (handle) {
+        EXPECT_FALSE(hge->Gfx_BeginScene(handle));
+    }
+    hgeQuad quad = {};
+    quad.tex = handle;
+    hge->Gfx_RenderQuad(&quad);
+}
+
+void UseSounds(HGE* hge, DWORD handle) {
+    hge->Effect_Free(handle);
+    EXPECT_EQ(hge->Effect_Play(handle), 0u);
+    EXPECT_EQ(hge->Effect_PlayEx(handle), 0u);
+    hge->Stream_Free(handle);
+    EXPECT_EQ(hge->Stream_Play(handle, true), 0u);
+    hge->Music_Free(handle);
+    EXPECT_EQ(hge->Music_Play(handle, true), 0u);
+    int order, row;
+    EXPECT_FALSE(hge->Music_GetPos(handle, &order, &row));
+    hge->Channel_SetVolume(handle, 50);
+    hge->Channel_SetPitch(handle, 2);
+    hge->Channel_SetPanning(handle, -100);
+    hge->Channel_Pause(handle);
+    hge->Channel_Resume(handle);
+    hge->Channel_SlideTo(handle, 1, 0);
+    hge->Channel_Stop(handle);
+    EXPECT_FALSE(hge->Channel_IsPlaying(handle));
+    EXPECT_FALSE(hge->Channel_IsSliding(handle));
+    EXPECT_EQ(hge->Channel_GetLength(handle), -1);
+    EXPECT_EQ(hge->Channel_GetPos(handle), -1);
+}
+
+void UseNothing(HGE* hge) {
+    EXPECT_EQ(hge->Resource_Load(nullptr), nullptr);
+    hge->Resource_Free(nullptr);
+    hge->Resource_Free(&hge);
+    EXPECT_FALSE(hge->Resource_AttachPack(nullptr));
+    hge->Resource_RemovePack(nullptr);
+    EXPECT_NE(hge->Resource_MakePath(nullptr), nullptr);
+    hge->Resource_EnumFiles(nullptr);
+    hge->Resource_EnumFolders(nullptr);
+    hge->Ini_SetString(nullptr, nullptr, nullptr);
+    EXPECT_EQ(hge->Ini_GetInt(nullptr, nullptr, 7), 7);
+    EXPECT_STREQ(hge->Ini_GetString(nullptr, nullptr, nullptr), "");
+    EXPECT_EQ(hge->Texture_Load(nullptr), 0u);
+    EXPECT_EQ(hge->Texture_Load("no such picture.png"), 0u);
+    EXPECT_EQ(hge->Texture_Load("bytes of no picture", 10), 0u);
+    EXPECT_EQ(hge->Texture_Create(0, 5), 0u);
+    EXPECT_EQ(hge->Texture_Create(-1, 1 << 30), 0u);
+    EXPECT_EQ(hge->Target_Create(0, 0, true), 0u);
+    EXPECT_EQ(hge->Effect_Load(nullptr), 0u);
+    EXPECT_FALSE(hge->Gfx_LoadEffect(nullptr));
+    EXPECT_FALSE(hge->System_Launch(nullptr));
+    EXPECT_FALSE(hge->Input_GetEvent(nullptr));
+    EXPECT_EQ(hge->System_GetState(static_cast<hgeStringState>(99)), std::string());
+    hge->System_Log(nullptr);
+    hge->Input_GetMousePos(nullptr, nullptr);
+    EXPECT_FALSE(hge->Input_KeyDown(-1) || hge->Input_KeyUp(256) || hge->Input_GetKeyState(1 << 20));
+    EXPECT_STREQ(hge->Input_GetKeyName(-1), "");
+    hge->Gfx_RenderQuad(nullptr);
+    hge->Gfx_RenderTriple(nullptr);
+    hge->Gfx_FinishBatch(-1);
+    hge->Gfx_EndScene();
+}
+
+void UseEverythingBadly(HGE* hge) {
+    for (DWORD handle : kBadHandles) {
+        UseTexturesAndTargets(hge, handle);
+        UseSounds(hge, handle);
+    }
+    UseNothing(hge);
+}
+
+TEST(Operations, AreHarmlessWithoutAStartedSystem) {
+    RunningHge hge;
+    UseEverythingBadly(hge.hge);
+    EXPECT_FALSE(hge->Gfx_BeginScene());
+    EXPECT_EQ(hge->Texture_Create(8, 8), 0u);
+    hge->System_Snapshot("never.bmp");
+    EXPECT_THAT(hge->System_GetErrorMessage(), HasSubstr("not initiated"));
+    hge->System_Shutdown();
+    hge->System_Shutdown();
+}
+
+TEST(Operations, AreHarmlessWhileItRunsAndAfterIt) {
+    RunningHge hge;
+    ASSERT_TRUE(hge->System_Initiate());
+    DWORD before = Counters().textures;
+    UseEverythingBadly(hge.hge);
+    ASSERT_TRUE(hge->Gfx_BeginScene());
+    UseEverythingBadly(hge.hge);
+    hge->Gfx_EndScene();
+    EXPECT_EQ(Counters().textures, before);
+
+    HTEXTURE texture = hge->Texture_Create(8, 8);
+    HTARGET target = hge->Target_Create(8, 8, false);
+    ASSERT_NE(texture, 0u);
+    hge->System_Shutdown();
+    hge->System_Shutdown();
+    UseEverythingBadly(hge.hge);
+    UseTexturesAndTargets(hge.hge, texture);
+    UseTexturesAndTargets(hge.hge, target);
+    EXPECT_EQ(Counters().textures, 0u);
+
+    ASSERT_TRUE(hge->System_Initiate()) << "and it can be started again";
+    UseTexturesAndTargets(hge.hge, texture);
+}
+
+TEST(Operations, WriteToTheLogAndTheErrorMessage) {
+    RunningHge hge;
+    ASSERT_TRUE(hge->System_Initiate());
+    hge->System_Log("round %d of %s", 3, "five");
+    EXPECT_THAT(ReadLog(), HasSubstr("round 3 of five"));
+    EXPECT_EQ(hge->Texture_Load("bytes of no picture", 10), 0u);
+    EXPECT_THAT(hge->System_GetErrorMessage(), HasSubstr("cannot load texture \"(memory)\""));
+    EXPECT_FALSE(hge->Gfx_LoadEffect("wave.fx"));
+    EXPECT_THAT(ReadLog(), HasSubstr("\"wave.fx\": effects are not available in this build"));
+    EXPECT_FALSE(hge->System_Launch("no such thing.nowhere"));
+    EXPECT_THAT(hge->System_GetErrorMessage(), HasSubstr("no such thing.nowhere"));
+}
+
+TEST(Operations, KeepSettingsInTheProgramsFolder) {
+    RunningHge hge;
+    std::string path = hge->Resource_MakePath("hge_system_test.ini");
+    hge->System_SetState(HGE_INIFILE, "hge_system_test.ini");
+    hge->Ini_SetInt("scores", "best", 41);
+    EXPECT_EQ(hge->Ini_GetInt("scores", "best", 0), 41);
+    EXPECT_TRUE(DeleteFileA(path.c_str()));
+    EXPECT_EQ(hge->Ini_GetInt("scores", "best", 5), 5);
+}
+
+void DrawQuadrants(HGE* hge) {
+    hge->Gfx_BeginScene();
+    hge->Gfx_Clear(0xFF102030);
+    hgeQuad quad = {};
+    const float corners[4][2] = {{160, 0}, {320, 0}, {320, 100}, {160, 100}};
+    for (int i = 0; i < 4; ++i)
+        quad.v[i] = {corners[i][0], corners[i][1], 0.5f, 0xFFC08040, 0, 0};
+    quad.blend = BLEND_DEFAULT;
+    hge->Gfx_RenderQuad(&quad);
+    hge->Gfx_EndScene();
+}
+
+TEST(Snapshot, HoldsTheFrameAsDrawn) {
+    RunningHge hge;
+    ASSERT_TRUE(hge->System_Initiate());
+    hge.on_render = [&] { DrawQuadrants(hge.hge); };
+    EXPECT_TRUE(hge.Run([](int frame) { return frame == 2; }));
+    EXPECT_EQ(Counters().frames, 2u);
+    for (const char* name : {"hge_system_test.bmp", "hge_system_test.png"}) {
+        DrawQuadrants(hge.hge);
+        hge->System_Snapshot(name);
+        EXPECT_THAT(ReadLog(), HasSubstr("snapshot written")) << name;
+        HTEXTURE picture = hge->Texture_Load(name);
+        ASSERT_NE(picture, 0u) << name;
+        EXPECT_EQ(hge->Texture_GetWidth(picture, true), 320);
+        EXPECT_EQ(hge->Texture_GetHeight(picture, true), 200);
+        const DWORD* pixels = hge->Texture_Lock(picture);
+        int width = hge->Texture_GetWidth(picture);
+        for (int y = 0; y < 200; ++y)
+            for (int x = 0; x < 320; ++x)
+                ASSERT_EQ(pixels[y * width + x], x >= 160 && y < 100 ? 0xFFC08040 : 0xFF102030)
+                    << name << " " << x << "," << y;
+        hge->Texture_Unlock(picture);
+        hge->Texture_Free(picture);
+        EXPECT_TRUE(DeleteFileA(hge->Resource_MakePath(name)));
+    }
+}
+
+TEST(Snapshot, TakesAFreeNameAndRefusesBadOnes) {
+    RunningHge hge;
+    ASSERT_TRUE(hge->System_Initiate());
+    DrawQuadrants(hge.hge);
+    std::string first = hge->Resource_MakePath("shot000.bmp");
+    std::string second = hge->Resource_MakePath("shot001.bmp");
+    hge->System_Snapshot(nullptr);
+    hge->System_Snapshot(nullptr);
+    EXPECT_TRUE(DeleteFileA(first.c_str()));
+    EXPECT_TRUE(DeleteFileA(second.c_str()));
+    for (const char* name : {"no such folder\\a.bmp", "picture.xyz"}) {
+        hge->System_Snapshot(name);
+        EXPECT_THAT(hge->System_GetErrorMessage(), HasSubstr(name));
+    }
+}
+
+}  // namespace

@@ -1,0 +1,89 @@
+#include "core/running_hge.h"
+
+#include <fstream>
+#include <iterator>
+#include <utility>
+
+namespace {
+
+RunningHge* g_running = nullptr;
+std::function<bool(int)> g_frame;
+int g_frames = 0;
+
+void Note(const char* name) {
+    g_running->calls.push_back(name);
+}
+
+bool OnFrame() {
+    Note("frame");
+    return g_frame(g_frames++);
+}
+
+bool OnRender() {
+    Note("render");
+    if (g_running->on_render) g_running->on_render();
+    return false;
+}
+
+bool OnFocusLost() {
+    Note("focus lost");
+    if (g_running->on_focus_lost) g_running->on_focus_lost();
+    return false;
+}
+
+bool OnFocusGain() {
+    Note("focus gain");
+    return false;
+}
+
+bool OnExit() {
+    Note("exit");
+    return !g_running->on_exit || g_running->on_exit();
+}
+
+}  // namespace
+
+RunningHge::RunningHge() : hge(hgeCreate(HGE_VERSION)) {
+    g_running = this;
+    hge->System_SetState(HGE_WINDOWED, true);
+    hge->System_SetState(HGE_SCREENWIDTH, 320);
+    hge->System_SetState(HGE_SCREENHEIGHT, 200);
+    hge->System_SetState(HGE_TITLE, "hge system test");
+    hge->System_SetState(HGE_LOGFILE, kLogName);
+    hge->System_SetState(HGE_DONTSUSPEND, true);
+    hge->System_SetState(HGE_FRAMEFUNC, OnFrame);
+    hge->System_SetState(HGE_RENDERFUNC, OnRender);
+    hge->System_SetState(HGE_FOCUSLOSTFUNC, OnFocusLost);
+    hge->System_SetState(HGE_FOCUSGAINFUNC, OnFocusGain);
+    hge->System_SetState(HGE_EXITFUNC, OnExit);
+}
+
+RunningHge::~RunningHge() {
+    Release();
+    g_running = nullptr;
+}
+
+void RunningHge::Release() {
+    if (hge) std::exchange(hge, nullptr)->Release();
+}
+
+bool RunningHge::Run(std::function<bool(int)> frame) {
+    g_frame = std::move(frame);
+    g_frames = 0;
+    calls.clear();
+    return hge->System_Start();
+}
+
+std::string ReadLog() {
+    char path[MAX_PATH];
+    GetModuleFileNameA(nullptr, path, MAX_PATH);
+    std::string folder = path;
+    std::ifstream file(folder.substr(0, folder.find_last_of('\\') + 1) + RunningHge::kLogName);
+    return {std::istreambuf_iterator<char>(file), std::istreambuf_iterator<char>()};
+}
+
+hgeCounters Counters() {
+    hgeCounters counters;
+    hgeGetCounters(&counters);
+    return counters;
+}
