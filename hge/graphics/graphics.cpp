@@ -50,7 +50,9 @@ struct Graphics::Impl {
                            const char* name);
     bool MakeTarget(Target* target, TextureSource* source);
     const Surface* FindSurface(HTARGET id);
-    bool Drawing(const char* operation);
+    // Whether a scene is open.
+    bool Drawing(const char* operation) { return scene.open() || RefuseDrawing(operation); }
+    bool RefuseDrawing(const char* operation);
     bool Refuse(const char* why);
     void DrawHostBatch(int count);
 
@@ -90,7 +92,6 @@ bool Graphics::Impl::Rebuild() {
         log.WriteOnce("rebuild", "graphics: the lost device could not be rebuilt yet");
         return false;
     }
-    scene.SetFilter(settings.texture_filter);
     log.Write("graphics: the lost device was rebuilt");
     return true;
 }
@@ -145,8 +146,7 @@ const Surface* Graphics::Impl::FindSurface(HTARGET id) {
     return target ? &target->surface : nullptr;
 }
 
-bool Graphics::Impl::Drawing(const char* operation) {
-    if (scene.open()) return true;
+bool Graphics::Impl::RefuseDrawing(const char* operation) {
     log.WriteOnce(operation, "%s: no scene is open", operation);
     return false;
 }

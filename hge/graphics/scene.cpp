@@ -97,32 +97,6 @@ void Scene::SetClipping(int x, int y, int w, int h) {
     pipeline_.SetClip(device_, clip_);
 }
 
-void Scene::Line(const Vertex& from, const Vertex& to, uint32_t texture, int blend) {
-    Vertex ends[] = {from, to};
-    if (!transform_.identity())
-        for (Vertex& end : ends)
-            MoveCorner(&end);
-    Vertex corners[4];
-    MakeLine(ends[0], ends[1], corners);
-    Submit(corners, texture, blend);
-}
-
-void Scene::Triple(const Vertex* corners, uint32_t texture, int blend) {
-    Vertex four[4];
-    std::memcpy(four, corners, 3 * sizeof(Vertex));
-    four[3] = four[2];
-    Quad(four, texture, blend);
-}
-
-void Scene::Quad(const Vertex* corners, uint32_t texture, int blend) {
-    if (transform_.identity()) return Submit(corners, texture, blend);
-    Vertex moved[4];
-    std::memcpy(moved, corners, sizeof moved);
-    for (Vertex& corner : moved)
-        MoveCorner(&corner);
-    Submit(moved, texture, blend);
-}
-
 Texture* Scene::RefuseTexture(uint32_t id, const Texture* texture) {
     if (texture)
         log_.WriteOnce("draw self", "graphics: a target cannot be drawn into itself");
@@ -144,6 +118,15 @@ void Scene::RefuseNonsense() {
 
 void Scene::RefuseRoom() {
     log_.WriteOnce("room", "graphics: the device has no room for a texture or for vertices; quads are lost");
+}
+
+inline DeviceVertex* Scene::Room(const TextureSource* source, bool write_depth) {
+    if (source != source_ || write_depth != write_depth_) {
+        Flush();
+        source_ = source;
+        write_depth_ = write_depth;
+    }
+    return ring_.Next(device_);
 }
 
 void Scene::Submit(const Vertex* corners, uint32_t id, int blend) {
@@ -169,13 +152,29 @@ void Scene::Submit(const Vertex* corners, uint32_t id, int blend) {
     if (ring_.full()) Flush();
 }
 
-inline DeviceVertex* Scene::Room(const TextureSource* source, bool write_depth) {
-    if (source != source_ || write_depth != write_depth_) {
-        Flush();
-        source_ = source;
-        write_depth_ = write_depth;
-    }
-    return ring_.Next(device_);
+void Scene::Line(const Vertex& from, const Vertex& to, uint32_t texture, int blend) {
+    Vertex ends[] = {from, to};
+    if (!transform_.identity())
+        for (Vertex& end : ends)
+            MoveCorner(&end);
+    Vertex corners[4];
+    MakeLine(ends[0], ends[1], corners);
+    Submit(corners, texture, blend);
+}
+
+void Scene::Triple(const Vertex* corners, uint32_t texture, int blend) {
+    Vertex four[4];
+    std::memcpy(four, corners, 3 * sizeof(Vertex));
+    four[3] = four[2];
+    Quad(four, texture, blend);
+}
+
+void Scene::SubmitMoved(const Vertex* corners, uint32_t texture, int blend) {
+    Vertex moved[4];
+    std::memcpy(moved, corners, sizeof moved);
+    for (Vertex& corner : moved)
+        MoveCorner(&corner);
+    Submit(moved, texture, blend);
 }
 
 }  // namespace hge

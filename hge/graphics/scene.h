@@ -30,7 +30,12 @@ class Scene {
 
     void Line(const Vertex& from, const Vertex& to, uint32_t texture, int blend);
     void Triple(const Vertex* corners, uint32_t texture, int blend);
-    void Quad(const Vertex* corners, uint32_t texture, int blend);
+    void Quad(const Vertex* corners, uint32_t texture, int blend) {
+        if (transform_.identity())
+            Submit(corners, texture, blend);
+        else
+            SubmitMoved(corners, texture, blend);
+    }
 
     DWORD draws() const { return draws_; }
     DWORD quads() const { return quads_; }
@@ -39,6 +44,7 @@ class Scene {
 
  private:
     void Submit(const Vertex* corners, uint32_t texture, int blend);
+    void SubmitMoved(const Vertex* corners, uint32_t texture, int blend);
     Texture* FindTexture(uint32_t id);
     Texture* RefuseTexture(uint32_t id, const Texture* texture);
     void RefuseNonsense();
