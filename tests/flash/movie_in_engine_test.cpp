@@ -1,0 +1,219 @@
+#include <gtest/gtest.h>
+
+#include <cmath>
+#include <functional>
+#include <memory>
+
+#include "drill2d/engine.h"
+#include "drill2d/flash.h"
+#include "flash/control/movie_control.h"
+#include "hgecounters.h"
+#include "hgegui.h"
+#include "hgesprite.h"
+
+namespace {
+
+constexpr int kWidth = 96, kHeight = 60, kCrowd = 50;
+constexpr DWORD kBackground = 0xFF2040A0;
+
+std::string ModuleFolder() {
+    char path[MAX_PATH];
+    GetModuleFileNameA(nullptr, path, MAX_PATH);
+    return std::string(path, strrchr(path, '\\') + 1) + "flash\\";
+}
+
+hgeCounters Counters() {
+    hgeCounters counters;
+    hgeGetCounters(&counters);
+    return counters;
+}
+
+// What the framework has drawn, from a file that it wrote.
+class Picture {
+ public:
+    Picture(HGE* hge, const char* name) {
+        std::string path = ModuleFolder() + name;
+        hge->System_Snapshot(path.c_str());
+        bitmap_ = static_cast<HBITMAP>(
+            LoadImageA(nullptr, path.c_str(), IMAGE_BITMAP, 0, 0, LR_LOADFROMFILE | LR_CREATEDIBSECTION));
+        SelectObject(dc_, bitmap_);
+    }
+    ~Picture() {
+        DeleteDC(dc_);
+        DeleteObject(bitmap_);
+    }
+
+    // Within the rounding of two blends.
+    testing::AssertionResult Shows(int x, int y, DWORD rgb) const {
+        COLORREF found = GetPixel(dc_, x, y);
+        if (std::abs(GetRValue(found) - static_cast<int>(GETR(rgb))) <= 3 &&
+            std::abs(GetGValue(found) - static_cast<int>(GETG(rgb))) <= 3 &&
+            std::abs(GetBValue(found) - static_cast<int>(GETB(rgb))) <= 3)
+            return testing::AssertionSuccess();
+        return testing::AssertionFailure() << "at " << x << "," << y << " BGR 0x" << std::hex << found;
+    }
+    void ExpectMovieAt(int x, int y, DWORD opaque) const {
+        EXPECT_TRUE(Shows(x + 1, y + 1, opaque));
+        EXPECT_TRUE(Shows(x + kWidth / 3 - 1, y + kHeight - 1, opaque));
+        EXPECT_TRUE(Shows(x + kWidth / 2, y + kHeight / 2, HalfOverBackground()));
+        EXPECT_TRUE(Shows(x + kWidth - 2, y + kHeight / 2, kBackground));
+        EXPECT_TRUE(Shows(x - 1, y + 1, kBackground));
+    }
+
+ private:
+    // A frame's colours carry their alpha already; the sprite's blending applies it once more.
+    static DWORD HalfOverBackground() {
+        const double alpha = 128 / 255.0;
+        DWORD rgb = 0;
+        for (int shift : {0, 8, 16}) {
+            double source = (kHalfColor >> shift & 255) * alpha, ground = kBackground >> shift & 255;
+            rgb |= static_cast<DWORD>(std::lround(source * alpha + ground * (1 - alpha))) << shift;
+        }
+        return rgb;
+    }
+
+    HDC dc_ = CreateCompatibleDC(nullptr);
+    HBITMAP bitmap_;
+};
+
+// Drawn last in every frame.
+struct FrameEnd : hgeGUIObject {
+    explicit FrameEnd(std::function<void()> function) : action(std::move(function)) {
+        bStatic = true;
+        bVisible = true;
+        bEnabled = false;
+    }
+    void Render() override { action(); }
+    std::function<void()> action;
+};
+
+class MovieGame : public I2DGameEngineSink {
+ public:
+    explicit MovieGame(MovieControl* control) : control_(control) {}
+
+    void OnInit() override {
+        ground_ = std::make_unique<hgeSprite>(0, 0.0f, 0.0f, 800.0f, 600.0f);
+        ground_->SetColor(kBackground);
+        engine_->AddControl(new FrameEnd([this] { Next(); }));
+        by_hand_ = Start(false, 0, 0);
+        looped_ = Start(true, 100, 100);
+        EXPECT_TRUE(FlashManager::StartSingleFlash(file_, 500, 100, kWidth, kHeight));
+    }
+    void OnRender() override {
+        ground_->Render(0, 0);
+        if (by_hand_) by_hand_->Render(300, 100);
+    }
+    void OnRenderTarget() override {}
+    void OnRenderTarget1() override {}
+    void OnFrame(float, int) override {}
+    void OnLButtonDown(float, float) override {}
+    void OnLButtonUp(float, float) override {}
+    void OnRButtonDown(float, float) override {}
+    void OnRButtonUp(float, float) override {}
+    void OnMouseMove(float, float) override {}
+
+    int frame() const { return frame_; }
+
+ private:
+    IFlashSprite* Start(bool auto_render, int x, int y) {
+        IFlashSprite* sprite = FlashManager::CreatFlashSprite(auto_render);
+        sprite->LoadFlash(file_, kWidth, kHeight);
+        sprite->SetAutoRenderPos(x, y);
+        sprite->Play();
+        return sprite;
+    }
+    void Next() {
+        ++frame_;
+        if (frame_ == 3) ThreeMovies();
+        if (frame_ == 10) StillMovies();
+        if (frame_ == 12) MovingMovies();
+        if (frame_ == 15) OneShotGone();
+        if (frame_ == 17) Crowd();
+        if (frame_ == 18) PostQuitMessage(0);
+    }
+    void Remember() {
+        counted_ = Counters();
+        draws_ = Draws();
+    }
+    size_t Draws() {
+        std::string record = control_->Record();
+        size_t count = 0;
+        for (size_t at = 0; (at = record.find("Draw", at)) != std::string::npos; ++at)
+            ++count;
+        return count;
+    }
+
+    void ThreeMovies() {
+        Picture picture(hge(), "three_movies.bmp");
+        for (int x : {100, 300, 500})
+            picture.ExpectMovieAt(x, 100, kOpaqueColor);
+        Remember();
+    }
+    void StillMovies() {
+        EXPECT_EQ(Counters().frames - counted_.frames, 7u);
+        EXPECT_EQ(Counters().uploads, counted_.uploads);
+        EXPECT_EQ(Draws(), draws_);
+        control_->Step();
+        Remember();
+    }
+    void MovingMovies() {
+        EXPECT_EQ(Counters().uploads - counted_.uploads, 3u);
+        EXPECT_EQ(Draws() - draws_, 6u);
+        Picture(hge(), "moving_movies.bmp").ExpectMovieAt(500, 100, kOpaqueColorOddFrames);
+        control_->Step();
+        control_->Step();
+    }
+    void OneShotGone() {
+        Picture picture(hge(), "one_shot_gone.bmp");
+        picture.ExpectMovieAt(100, 100, kOpaqueColor);
+        picture.ExpectMovieAt(300, 100, kOpaqueColor);
+        EXPECT_TRUE(picture.Shows(501, 101, kBackground));
+        FlashManager::DestroyFlashSprite(looped_);
+        FlashManager::DestroyFlashSprite(by_hand_);
+        EXPECT_EQ(control_->objects, 0);
+        for (int i = 0; i < kCrowd; ++i)
+            crowd_.push_back(Start(true, 10 + i % 7 * 110, 10 + i / 7 * 70));
+    }
+    void Crowd() {
+        EXPECT_EQ(control_->objects, kCrowd);
+        Picture picture(hge(), "fifty_movies.bmp");
+        for (int i = 0; i < kCrowd; ++i)
+            picture.ExpectMovieAt(10 + i % 7 * 110, 10 + i / 7 * 70, kOpaqueColor);
+        for (IFlashSprite*& sprite : crowd_)
+            FlashManager::DestroyFlashSprite(sprite);
+        // Left to the manager when the engine goes.
+        EXPECT_TRUE(FlashManager::StartSingleFlash(file_, 0, 0, kWidth, kHeight));
+    }
+    HGE* hge() { return engine_->GetHge(); }
+
+    MovieControl* control_;
+    I2DGameEngine* engine_ = C2DGameEngine::Get2DGameEngineInstance();
+    std::unique_ptr<hgeSprite> ground_;
+    IFlashSprite *by_hand_ = nullptr, *looped_ = nullptr;
+    std::vector<IFlashSprite*> crowd_;
+    char file_[8] = "C:\\m";
+    int frame_ = 0;
+    hgeCounters counted_ = {};
+    size_t draws_ = 0;
+};
+
+TEST(MovieInEngine, ShowsMovesAndVanishes) {
+    SetDllDirectoryA(ModuleFolder().c_str());
+    HMODULE module = LoadLibraryA("flash.ocx");
+    ASSERT_NE(module, nullptr);
+    MovieControl* control = reinterpret_cast<decltype(&GetMovieControl)>(
+        reinterpret_cast<void*>(GetProcAddress(module, "GetMovieControl")))();
+    {
+        MovieGame game(control);
+        I2DGameEngine* engine = C2DGameEngine::Get2DGameEngineInstance();
+        engine->SetEngineSink(&game);
+        ASSERT_TRUE(engine->InitHge(800, 600, "movies", false));
+        EXPECT_GE(game.frame(), 18);
+        delete engine;
+    }
+    EXPECT_TRUE(control->objects == 0 && control->class_references == 0);
+    FreeLibrary(module);
+    EXPECT_EQ(GetModuleHandleA("flash.ocx"), nullptr);
+}
+
+}  // namespace
