@@ -38,11 +38,6 @@ class FlashTest : public testing::Test {
             calls.push_back(line);
         return calls;
     }
-    size_t DrawsOf(const std::function<void()>& action) {
-        std::vector<std::string> calls = CallsOf(action);
-        return std::count_if(calls.begin(), calls.end(),
-                             [](const std::string& call) { return call.rfind("Draw", 0) == 0; });
-    }
 
  protected:
     template <class Function>

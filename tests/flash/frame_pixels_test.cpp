@@ -29,16 +29,6 @@ TEST(FramePixels, AlphaIsTheRedDifferenceInEverySize) {
     }
 }
 
-TEST(FramePixels, AlphaOfKnownPixels) {
-    uint32_t black[] = {0xFF102030, 0x00000000, 0x00800000, 0x00008040};
-    const uint32_t white[] = {0xFF102030, 0x00FFFFFF, 0x00FF7F7F, 0x00FF8040};
-    flash::RebuildAlpha(black, white, 4);
-    EXPECT_EQ(black[0], 0xFF102030u) << "opaque";
-    EXPECT_EQ(black[1], 0x00000000u) << "empty";
-    EXPECT_EQ(black[2], 0x80800000u) << "half-transparent red";
-    EXPECT_EQ(black[3], 0x00008040u) << "only red counts";
-}
-
 TEST(FramePixels, RowsKeepToTheirStride) {
     for (size_t width = 1; width < 20; ++width)
         for (size_t stride : {width, width + 1, size_t{32}}) {

@@ -116,6 +116,7 @@ class Movie final : public UnusedMovie, public UnusedOle, public UnusedPlacement
 
     STDMETHODIMP Draw(DWORD, LONG index, void*, DVTARGETDEVICE*, HDC, HDC dc, LPCRECTL bounds,
                       LPCRECTL window, BOOL(STDMETHODCALLTYPE*)(ULONG_PTR), ULONG_PTR) override {
+        ++g_control.draws;
         Record("Draw", static_cast<int>(index), window ? 1 : 0);
         int third = bounds->right / 3;
         Fill(dc, RECT{0, 0, third, bounds->bottom}, frame_ % 2 ? kOpaqueColorOddFrames : kOpaqueColor);

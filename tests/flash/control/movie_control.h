@@ -17,6 +17,7 @@ struct MovieControl {
     bool empty;      // the module makes no control
 
     long objects;
+    long draws;
     long class_references;
     IOleInPlaceSiteWindowless* kept_site;
 
