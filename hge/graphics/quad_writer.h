@@ -86,9 +86,10 @@ inline void WriteQuad(const Vertex* v, const Placement& placement, uint32_t mode
     quad_detail::Write(v, _mm_add_ps(uv01, offset), _mm_add_ps(uv23, offset), mode | placement.slice, out);
 }
 
-// Every corner at one point of the texture, whatever the quad's own coordinates.
+// Every corner in the middle of the texture, whatever the quad's own coordinates.
 inline void WriteFlatQuad(const Vertex* v, const Placement& placement, uint32_t mode, DeviceVertex* out) {
-    const __m128 point = quad_detail::Twice(&placement.u_offset);
+    const __m128 half = _mm_mul_ps(quad_detail::Twice(&placement.u_scale), _mm_set1_ps(0.5f));
+    const __m128 point = _mm_add_ps(quad_detail::Twice(&placement.u_offset), half);
     quad_detail::Write(v, point, point, mode | placement.slice, out);
 }
 

@@ -198,6 +198,26 @@ TEST_F(TexturesTest, OnlyWhatStandsAloneEndsABatch) {
     EXPECT_EQ(draws([] {}), 0u);
 }
 
+TEST_F(TexturesTest, ThePagesGrowAndComeBackWithWhatIsOnThem) {
+    std::vector<HTEXTURE> textures;
+    auto color = [](int i) { return 0xFF000000 | static_cast<uint32_t>(i + 1) * 0x050301; };
+    auto draw = [&] {
+        for (size_t i = 0; i < textures.size(); ++i)
+            DrawQuad(static_cast<float>(i), 0, 1, 240, textures[i]);
+    };
+    auto expected = MakePicture(320, 240, [&](int x, int) { return x < 50 ? color(x) : 0xFF000000; });
+    hge::Image screen = Screen([&] {
+        for (int i = 0; i < 50; ++i) {
+            textures.push_back(MakePlain(250, 250, color(i)));
+            DrawQuad(static_cast<float>(i), 0, 1, 240, textures.back());
+        }
+    });
+    EXPECT_TRUE(SamePicture("pages", screen, expected));
+    gfx().LoseDevice();
+    EXPECT_TRUE(gfx().Present());
+    EXPECT_TRUE(SamePicture("pages_restored", Screen(draw), expected));
+}
+
 TEST_F(TexturesTest, OnesRewrittenEveryFrameLeaveTheAtlasForGood) {
     HTEXTURE movie = MakePlain(64, 64, kBlue);
     for (int frame = 0; frame < 12; ++frame) {
