@@ -1,0 +1,117 @@
+// A screen of controls under a real mouse: each notification and each change of place is a line of
+// controls_trace.txt. Ends itself on Escape.
+#include <drill2d/drill2d.h>
+
+#include <cstdio>
+#include <memory>
+
+namespace {
+
+std::FILE* g_file = nullptr;
+
+const char* CodeName(unsigned int code) {
+    switch (code) {
+        case NOTIFY_LBUTTONDOWN:
+            return "down";
+        case NOTIFY_MOUSEOVER:
+            return "over";
+        case NOTIFY_CHECKED:
+            return "checked";
+        case NOTIFY_DRAGMOVE:
+            return "drag";
+        case NOTIFY_CLICK:
+            return "click";
+    }
+    return "unknown";
+}
+
+// Each control has a sink with its name.
+class NamedSink final : public INotifyMsg {
+ public:
+    explicit NamedSink(const char* name) : name_(name) {}
+    bool IsValid() override { return true; }
+    bool Release() override { return true; }
+    void* QueryInterface(const GUID& iid, unsigned long) override {
+        return iid == IID_INotifyMsg ? static_cast<INotifyMsg*>(this) : nullptr;
+    }
+    void OnNotify(ControlNotify* msg) override {
+        std::fprintf(g_file, "%s %s %u", name_, CodeName(msg->code), msg->param);
+        if (msg->code == NOTIFY_DRAGMOVE) std::fprintf(g_file, " %d,%d", msg->x, msg->y);
+        std::fprintf(g_file, "%s\n", msg->kind == 1 && msg->time ? "" : " (bad record)");
+        std::fflush(g_file);
+    }
+
+ private:
+    const char* name_;
+};
+
+class Screen : public I2DGameEngineSink {
+ public:
+    void OnInit() override {
+        window_ = Add(new CGameWindow, &nobody_, 450, 100, 300, 200);
+        layout_ = std::make_unique<CLayout>(window_);
+        window_->SetLayOut(layout_.get());
+        child_ = Add(new CGameButton, &child_sink_, 0, 0, 80, 40);
+        child_->MoveWindow(20, 30, 80, 40, layout_.get(), true);
+        layout_->AddControl(child_);
+        Add(new CGameButton, &first_, 50, 50, 100, 40);
+        Add(new CGameButton, &second_, 200, 50, 100, 40);
+        Add(new CGameButton, &dragged_, 50, 150, 100, 40)->SetDragCtl(true);
+        Add(new CGameButton, &through_, 200, 150, 100, 40)->SetMouseThrough(false);
+        Add(new CGameButton, &disabled_, 50, 250, 100, 40)->EnableWindow(false);
+        Add(new CGameCheckBox, &box_, 200, 250, 40, 40);
+        std::fprintf(g_file, "OnInit\n");
+        std::fflush(g_file);
+    }
+    void OnFrame(float, int) override {
+        hgeRect at = child_->GetRect();
+        if (at.x1 != child_x_ || at.y1 != child_y_) {
+            child_x_ = at.x1;
+            child_y_ = at.y1;
+            std::fprintf(g_file, "panel %g,%g child %g,%g\n", window_->GetRect().x1, window_->GetRect().y1,
+                         at.x1, at.y1);
+            std::fflush(g_file);
+        }
+        if (Engine()->GetHge()->Input_KeyDown(HGEK_ESCAPE)) PostQuitMessage(0);
+    }
+    void OnRender() override {}
+    void OnRenderTarget() override {}
+    void OnRenderTarget1() override {}
+    void OnLButtonDown(float, float) override {}
+    void OnLButtonUp(float, float) override {}
+    void OnRButtonDown(float, float) override {}
+    void OnRButtonUp(float, float) override {}
+    void OnMouseMove(float, float) override {}
+
+    static I2DGameEngine* Engine() { return C2DGameEngine::Get2DGameEngineInstance(); }
+
+ private:
+    template <class Control>
+    Control* Add(Control* control, NamedSink* sink, float x, float y, float w, float h) {
+        control->SetINotifyMsg(sink);
+        control->MoveWindow(x, y, w, h, true);
+        Engine()->AddControl(control);
+        return control;
+    }
+
+    NamedSink nobody_{"window"}, child_sink_{"child"}, first_{"first"}, second_{"second"};
+    NamedSink dragged_{"dragged"}, through_{"through"}, disabled_{"disabled"}, box_{"box"};
+    CGameWindow* window_ = nullptr;
+    CGameButton* child_ = nullptr;
+    std::unique_ptr<CLayout> layout_;
+    float child_x_ = 470, child_y_ = 130;
+};
+
+}  // namespace
+
+int main() {
+    g_file = std::fopen("controls_trace.txt", "wb");
+    if (!g_file) return 2;
+    Screen screen;
+    std::unique_ptr<I2DGameEngine> engine(Screen::Engine());
+    engine->SetEngineSink(static_cast<I2DGameEngineSink*>(&screen));
+    bool ran = engine->InitHge(800, 600, "controls_trace", false);
+    std::fprintf(g_file, "end\n");
+    std::fclose(g_file);
+    return ran ? 0 : 1;
+}
