@@ -169,15 +169,19 @@ void Window::PlaceFullScreen() {
     bool fits = mode_.Enter(settings_.size, settings_.bits_per_pixel);
     ScreenArea monitor = PrimaryMonitor();
     ScreenArea area = CentreOn(monitor, settings_.size);
+    if (fits)
+        backdrop_.Hide();
+    else
+        ShowBackdrop(monitor);
     SetWindowPos(handle(), HWND_TOPMOST, area.x, area.y, area.width, area.height,
                  SWP_SHOWWINDOW | SWP_FRAMECHANGED);
-    if (fits) {
-        backdrop_.Hide();
-        return;
-    }
+}
+
+// Before the window is raised above it: a window that is shown first can come up on top.
+void Window::ShowBackdrop(const ScreenArea& monitor) {
     log_.WriteOnce("display mode", "the display has no %d x %d mode: the screen is in the middle of %d x %d",
                    settings_.size.width, settings_.size.height, monitor.width, monitor.height);
-    backdrop_.Show(monitor, handle());
+    backdrop_.Show(monitor);
 }
 
 // The window goes behind the others but keeps its size: a minimised one would have no client area.

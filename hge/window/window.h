@@ -74,6 +74,7 @@ class Window {
     void Place();
     void PlaceInDesktop();
     void PlaceFullScreen();
+    void ShowBackdrop(const ScreenArea& monitor);
     void LeaveFullScreen();
     void LowerForDialog();
     void CorrectClientSize();

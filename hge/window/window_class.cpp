@@ -34,11 +34,11 @@ WindowClass::~WindowClass() {
 Backdrop::Backdrop()
     : class_("hge.backdrop", BackdropProcedure, static_cast<HBRUSH>(GetStockObject(BLACK_BRUSH))) {}
 
-void Backdrop::Show(const ScreenArea& monitor, HWND above) {
+void Backdrop::Show(const ScreenArea& monitor) {
     if (!window_)
         window_.reset(CreateWindowExA(WS_EX_TOPMOST | WS_EX_NOACTIVATE | WS_EX_TOOLWINDOW, class_.name(), "",
                                       WS_POPUP, 0, 0, 1, 1, nullptr, nullptr, ThisModule(), nullptr));
-    SetWindowPos(window_.get(), above, monitor.x, monitor.y, monitor.width, monitor.height,
+    SetWindowPos(window_.get(), HWND_TOPMOST, monitor.x, monitor.y, monitor.width, monitor.height,
                  SWP_NOACTIVATE | SWP_SHOWWINDOW);
 }
 

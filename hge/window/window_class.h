@@ -37,9 +37,8 @@ class Backdrop {
  public:
     Backdrop();
 
-    // Directly below the window above.
-    void Show(const ScreenArea& monitor, HWND above);
-    // Again, when the other window's place among the windows has changed.
+    // On top of everything: the game's window is to be raised after it.
+    void Show(const ScreenArea& monitor);
     void PutBelow(HWND above);
     void Hide() { window_.reset(); }
 

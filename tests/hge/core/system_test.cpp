@@ -83,6 +83,9 @@ TEST(Initiate, OpensAnActiveWindowWithTheHostsClientSize) {
         EXPECT_EQ(ClientSize(hge.window()).x, 320) << windowed;
         EXPECT_EQ(ClientSize(hge.window()).y, 200) << windowed;
         EXPECT_EQ(GetActiveWindow(), hge.window()) << windowed;
+        POINT middle = {160, 100};
+        ClientToScreen(hge.window(), &middle);
+        EXPECT_EQ(WindowFromPoint(middle), hge.window()) << windowed;
         char title[64] = "";
         GetWindowTextA(hge.window(), title, sizeof(title));
         EXPECT_STREQ(title, "hge system test");
