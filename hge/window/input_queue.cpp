@@ -10,26 +10,27 @@ constexpr int kRepeat = 64;  // HGEINP_REPEAT
 constexpr int kNotch = 120;
 constexpr int kButtons[] = {1, 2, 4, 5, 6};  // left, right, middle and the two extra ones
 
+InputEvent EventAt(InputType type, float x, float y, int flags) {
+    InputEvent event;
+    event.type = type;
+    event.flags = flags & ~kRepeat;
+    event.x = x;
+    event.y = y;
+    return event;
+}
+
 }  // namespace
 
 void InputQueue::PostKey(int key, bool down, int flags) {
-    InputEvent event;
-    event.type = down ? InputType::kKeyDown : InputType::kKeyUp;
+    InputEvent event = EventAt(down ? InputType::kKeyDown : InputType::kKeyUp, posted_x_, posted_y_, flags);
     event.key = key;
-    event.flags = flags & ~kRepeat;
-    event.x = posted_x_;
-    event.y = posted_y_;
     PostEdge(event, down);
 }
 
 void InputQueue::PostButton(int key, bool down, float x, float y, int flags) {
     PostMove(x, y);
-    InputEvent event;
-    event.type = down ? InputType::kButtonDown : InputType::kButtonUp;
+    InputEvent event = EventAt(down ? InputType::kButtonDown : InputType::kButtonUp, x, y, flags);
     event.key = key;
-    event.flags = flags & ~kRepeat;
-    event.x = x;
-    event.y = y;
     PostEdge(event, down);
 }
 
@@ -56,23 +57,15 @@ void InputQueue::PostMove(float x, float y) {
     if (x == posted_x_ && y == posted_y_) return;
     posted_x_ = x;
     posted_y_ = y;
-    if (pending_.empty() || pending_.back().type != InputType::kMouseMove) {
-        pending_.emplace_back();
-        pending_.back().type = InputType::kMouseMove;
-    }
-    pending_.back().x = x;
-    pending_.back().y = y;
+    if (!pending_.empty() && pending_.back().type == InputType::kMouseMove) pending_.pop_back();
+    pending_.push_back(EventAt(InputType::kMouseMove, x, y, 0));
 }
 
 void InputQueue::PostWheel(int delta, float x, float y, int flags) {
     PostMove(x, y);
     wheel_rest_ += delta;
-    InputEvent event;
-    event.type = InputType::kMouseWheel;
+    InputEvent event = EventAt(InputType::kMouseWheel, x, y, flags);
     event.wheel = wheel_rest_ / kNotch;
-    event.flags = flags & ~kRepeat;
-    event.x = x;
-    event.y = y;
     wheel_rest_ %= kNotch;
     if (event.wheel) pending_.push_back(event);
 }

@@ -60,6 +60,7 @@ class Window {
     // No value: the system's default is wanted.
     std::optional<LRESULT> HandleKey(UINT message, WPARAM wparam);
     std::optional<LRESULT> HandleMouse(UINT message, WPARAM wparam, LPARAM lparam);
+    std::optional<LRESULT> HandleButton(UINT message, LPARAM lparam);
     std::optional<LRESULT> HandleFocus(UINT message, WPARAM wparam, LPARAM lparam);
     std::optional<LRESULT> HandleSystem(UINT message, WPARAM wparam, LPARAM lparam);
     bool BlocksCommand(WPARAM command) const;

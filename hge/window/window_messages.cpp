@@ -24,6 +24,15 @@ int KeyFlags() {
     return flags;
 }
 
+struct ButtonMessages {
+    UINT down, up;
+    int key;
+};
+
+constexpr ButtonMessages kButtonMessages[] = {{WM_LBUTTONDOWN, WM_LBUTTONUP, VK_LBUTTON},
+                                              {WM_RBUTTONDOWN, WM_RBUTTONUP, VK_RBUTTON},
+                                              {WM_MBUTTONDOWN, WM_MBUTTONUP, VK_MBUTTON}};
+
 int ExtraButton(WPARAM wparam) {
     return GET_XBUTTON_WPARAM(wparam) == XBUTTON1 ? VK_XBUTTON1 : VK_XBUTTON2;
 }
@@ -84,18 +93,6 @@ std::optional<LRESULT> Window::HandleMouse(UINT message, WPARAM wparam, LPARAM l
         case WM_MOUSELEAVE:
             MouseLeft();
             return 0;
-        case WM_LBUTTONDOWN:
-        case WM_LBUTTONUP:
-            MouseButton(VK_LBUTTON, message == WM_LBUTTONDOWN, lparam);
-            return 0;
-        case WM_RBUTTONDOWN:
-        case WM_RBUTTONUP:
-            MouseButton(VK_RBUTTON, message == WM_RBUTTONDOWN, lparam);
-            return 0;
-        case WM_MBUTTONDOWN:
-        case WM_MBUTTONUP:
-            MouseButton(VK_MBUTTON, message == WM_MBUTTONDOWN, lparam);
-            return 0;
         case WM_XBUTTONDOWN:
         case WM_XBUTTONUP:
             MouseButton(ExtraButton(wparam), message == WM_XBUTTONDOWN, lparam);
@@ -108,8 +105,17 @@ std::optional<LRESULT> Window::HandleMouse(UINT message, WPARAM wparam, LPARAM l
             return 0;
         }
         default:
-            return std::nullopt;
+            return HandleButton(message, lparam);
     }
+}
+
+std::optional<LRESULT> Window::HandleButton(UINT message, LPARAM lparam) {
+    for (const ButtonMessages& button : kButtonMessages) {
+        if (message != button.down && message != button.up) continue;
+        MouseButton(button.key, message == button.down, lparam);
+        return 0;
+    }
+    return std::nullopt;
 }
 
 void Window::MouseButton(int key, bool down, LPARAM position) {
