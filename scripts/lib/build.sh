@@ -1,0 +1,39 @@
+# shellcheck shell=bash disable=SC2154
+# Configuring and building the checkout into build/. Uses: root, cache, progress.sh.
+
+build=$root/build
+
+# build_targets TARGET...
+build_targets() {
+    mkdir -p "$build/logs" 2>/dev/null || die "cannot create $build/logs"
+    exec 8>>"$build/.lock"
+    wait_for_lock 8 "this checkout"
+    export CCACHE_DIR=$cache/ccache CCACHE_BASEDIR=$root CCACHE_NOHASHDIR=1
+    configure
+    compile "$@"
+}
+
+configure() {
+    local log=$build/logs/configure.log
+    [[ ! -e $build/build.ninja ]] || return 0
+    step 5 "Build: configuring, about 10 s"
+    rm -rf "$build/CMakeCache.txt" "$build/CMakeFiles"
+    # The build file is CMake's last: an interrupted configuration leaves none.
+    watch "$log" no_counter cmake --preset linux-mingw -S "$root" || fail "configuring" "$log"
+}
+
+compile() {
+    local log=$build/logs/build.log count
+    count=$(ninja -C "$build" -n "$@" 2>/dev/null | grep -c '^\[') || :
+    ((count < 4)) || step 5 "Build: $count steps, about $((count / 60 + 1)) min"
+    NINJA_STATUS='[%f/%t] ' watch "$log" build_counter nice ninja -C "$build" "$@" || build_failed "$log"
+}
+
+build_counter() { tail -n 1 "$1" | sed -nE 's/^\[([0-9]+)\/([0-9]+)\].*/Build: \1 of \2 steps/p'; }
+
+# A compiler's first errors are what the reader needs, and they fit on a screen.
+build_failed() {
+    clear_line
+    grep -E '(fatal )?error: |undefined reference|CMake Error' "$1" | head -n 12 >&2 || :
+    fail "building" "$1"
+}

@@ -1,0 +1,58 @@
+# shellcheck shell=bash disable=SC2154
+# Where Wine is and how a program is started under it. Uses: cache.
+# A Wine named by WINE comes first, then a system Wine that runs 32-bit programs, then one of our own in the cache.
+
+wine_recipe=1
+prefix_recipe=1
+
+wine_root=$cache/wine/root
+wine_choice=$cache/wine/choice
+
+# The Wine to start ("own" or a program), or nothing before it has been set up.
+chosen_wine() {
+    local recipe wine
+    if [[ ${WINE:-} ]]; then
+        echo "$WINE"
+    elif read -r recipe wine 2>/dev/null <"$wine_choice" && [[ $recipe == "$wine_recipe" ]] &&
+        [[ $wine == own || -x $wine ]]; then
+        echo "$wine"
+    fi
+}
+
+# A prefix belongs to one Wine: another version would convert it at every change.
+prefix_of() {
+    local id=own
+    [[ $1 == own ]] || id=$(cksum <<<"$1" | cut -d' ' -f1)
+    echo "${DRILL2D_PREFIX:-$cache/prefix-$id}"
+}
+
+prefix_is_ready() { [[ $(cat "$1/.drill2d" 2>/dev/null) == "$prefix_recipe" ]]; }
+
+# use_wine WINE PREFIX: sets the environment in which run_wine starts programs.
+use_wine() {
+    export WINEPREFIX=$2 WINEARCH=win32 WINEDEBUG=${WINEDEBUG:--all} WINEDLLOVERRIDES="mscoree,mshtml="
+    wine=$1 wine_server=${WINESERVER:-$(dirname "$1")/wineserver}
+    wine_environment=("LC_ALL=zh_CN.UTF-8")
+    if [[ $1 == own ]]; then
+        local libraries=$wine_root/usr/lib/i386-linux-gnu
+        wine=$wine_root/usr/lib/wine/wine wine_server=$wine_root/usr/lib/wine/wineserver
+        wine_environment+=(
+            "LD_LIBRARY_PATH=$libraries:$wine_root/lib/i386-linux-gnu"
+            "LIBGL_DRIVERS_PATH=$libraries/dri"
+            "WINESERVER=$wine_server")
+    fi
+}
+
+# Wine's server outlives the program: it must not inherit the locks.
+run_wine() { env "${wine_environment[@]}" "$wine" "$@" 8>&- 9>&-; }
+
+# Ends what runs in the prefix in use.
+stop_wine() {
+    [[ -x $wine_server ]] || wine_server=wineserver
+    env "${wine_environment[@]}" "$wine_server" -k 8>&- 9>&- >/dev/null 2>&1 || :
+}
+
+windows_path() {
+    local path=Z:$1
+    echo "${path//\//\\}"
+}
