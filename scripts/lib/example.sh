@@ -2,9 +2,9 @@
 # Running one example. Uses: root, build, example, headless, seconds, screenshot.
 
 known_examples() {
-    local file names=()
-    for file in "$root"/examples/*/CMakeLists.txt; do
-        [[ ! -e $file ]] || names+=("$(basename "$(dirname "$file")")")
+    local folder names=()
+    for folder in "$root"/examples/*/; do
+        [[ ! -d $folder ]] || names+=("$(basename "$folder")")
     done
     echo "${names[*]:-none}"
 }
