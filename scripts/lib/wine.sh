@@ -32,6 +32,7 @@ prefix_is_ready() { [[ $(cat "$1/.drill2d" 2>/dev/null) == "$prefix_recipe" ]]; 
 use_wine() {
     export WINEPREFIX=$2 WINEARCH=win32 WINEDEBUG=${WINEDEBUG:--all} WINEDLLOVERRIDES="mscoree,mshtml="
     wine=$1 wine_server=${WINESERVER:-$(dirname "$1")/wineserver}
+    [[ -x $wine_server ]] || wine_server=wineserver
     wine_environment=("LC_ALL=zh_CN.UTF-8")
     if [[ $1 == own ]]; then
         local libraries=$wine_root/usr/lib/i386-linux-gnu
@@ -46,9 +47,17 @@ use_wine() {
 # Wine's server outlives the program: it must not inherit the locks.
 run_wine() { env "${wine_environment[@]}" "$wine" "$@" 8>&- 9>&-; }
 
+# Wine's desktop belongs to the display of the program that started it. Before a program comes to another
+# display it waits for the old desktop to go, which it does a few seconds after its last program.
+settle_on_display() {
+    local note=$WINEPREFIX/.display
+    [[ $(cat "$note" 2>/dev/null) != "$DISPLAY" ]] || return 0
+    env "${wine_environment[@]}" timeout 10 "$wine_server" -w 8>&- 9>&- >/dev/null 2>&1 || :
+    echo "$DISPLAY" 2>/dev/null >"$note" || :
+}
+
 # Ends what runs in the prefix in use.
 stop_wine() {
-    [[ -x $wine_server ]] || wine_server=wineserver
     env "${wine_environment[@]}" "$wine_server" -k 8>&- 9>&- >/dev/null 2>&1 || :
 }
 
