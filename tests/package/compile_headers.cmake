@@ -3,11 +3,12 @@ file(GLOB_RECURSE headers ${INCLUDE}/*.h)
 if(NOT headers)
     message(FATAL_ERROR "no headers in ${INCLUDE}")
 endif()
+file(WRITE ${EMPTY} "")
 set(failed)
 foreach(header IN LISTS headers)
     execute_process(
-        COMMAND ${COMPILER} -std=c++14 -Wall -Wextra -Wpedantic -Wshadow -Wno-unused-parameter -Werror -Wno-pragma-once-outside-header
-                -fsyntax-only -x c++ -I${INCLUDE} -I${INCLUDE}/hge ${header}
+        COMMAND ${COMPILER} -std=c++14 -Wall -Wextra -Wpedantic -Wshadow -Wno-unused-parameter -Werror
+                -fsyntax-only -I${INCLUDE} -I${INCLUDE}/hge -include ${header} ${EMPTY}
         RESULT_VARIABLE result ERROR_VARIABLE messages)
     if(NOT result EQUAL 0)
         list(APPEND failed ${header})

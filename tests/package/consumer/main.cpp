@@ -18,6 +18,7 @@ class Game : public I2DGameEngineSink {
         sprite_ = new hgeSprite(texture, 0, 0, 16, 16);
     }
     void OnRender() override {
+        if (sprite_ == nullptr) return;
         sprite_->Render(10, 10);
         ++rendered_;
     }
