@@ -50,10 +50,12 @@ run_wine() { env "${wine_environment[@]}" "$wine" "$@" 8>&- 9>&-; }
 # Wine's desktop belongs to the display of the program that started it. Before a program comes to another
 # display it waits for the old desktop to go, which it does a few seconds after its last program.
 settle_on_display() {
-    local note=$WINEPREFIX/.display
-    [[ $(cat "$note" 2>/dev/null) != "$DISPLAY" ]] || return 0
+    local note=$WINEPREFIX/.display number=${DISPLAY#*:} display
+    # Numbers are used again: the time of its socket tells two displays apart.
+    display="$DISPLAY $(stat -c %y "/tmp/.X11-unix/X${number%.*}" 2>/dev/null)" || :
+    [[ $(cat "$note" 2>/dev/null) != "$display" ]] || return 0
     env "${wine_environment[@]}" timeout 10 "$wine_server" -w 8>&- 9>&- >/dev/null 2>&1 || :
-    echo "$DISPLAY" 2>/dev/null >"$note" || :
+    { echo "$display" >"$note"; } 2>/dev/null || :
 }
 
 # Ends what runs in the prefix in use.
