@@ -68,7 +68,7 @@ class Trace : public I2DGameEngineSink {
 }  // namespace
 
 int main() {
-    g_file = std::fopen("sink_trace.txt", "w");
+    g_file = std::fopen("sink_trace.txt", "wb");
     if (!g_file) return 2;
     Trace trace;
     std::unique_ptr<I2DGameEngine> engine(C2DGameEngine::Get2DGameEngineInstance());
