@@ -33,6 +33,7 @@ HgeImpl::HgeImpl()
       ini_(log_, ""),
       window_(log_, input_),
       graphics_(log_),
+      audio_(log_, resources_),
       pacer_(FrameWaiter::TicksPerSecond()) {}
 
 HGE* HgeImpl::Acquire(int version) {
@@ -61,6 +62,7 @@ bool HgeImpl::ReadCounters(hgeCounters* counters) {
     instance_->graphics_.AddCounters(counters);
     counters->resource_blocks = static_cast<DWORD>(instance_->resources_.live_blocks());
     counters->packs = static_cast<DWORD>(instance_->resources_.pack_count());
+    instance_->audio_.AddCounters(counters);
     counters->references = instance_->references_;
     return true;
 }

@@ -4,6 +4,7 @@
 #include <memory>
 #include <string>
 
+#include "audio/audio.h"
 #include "core/frame_pacer.h"
 #include "core/frame_waiter.h"
 #include "core/ini_file.h"
@@ -166,6 +167,8 @@ class HgeImpl final : public HGE {
     std::string FullPath(const std::string& name) const;
     bool Initiate();
     bool CheckScreenSize();
+    void StartAudio();
+    void ApplyVolumes();
     bool OpenWindow();
     bool StartGraphics();
     void OpenLog();
@@ -201,6 +204,7 @@ class HgeImpl final : public HGE {
     InputQueue input_;
     Window window_;
     Graphics graphics_;
+    Audio audio_;
     FramePacer pacer_;
     std::unique_ptr<FrameWaiter> waiter_;
     bool initiated_ = false;

@@ -56,6 +56,7 @@ void HgeImpl::System_SetState(hgeIntState state, int value) {
 }
 
 void HgeImpl::Apply(hgeIntState state, int value) {
+    if (state == HGE_FXVOLUME || state == HGE_MUSVOLUME || state == HGE_STREAMVOLUME) ApplyVolumes();
     if (!initiated_ || state != HGE_FPS) return;
     pacer_.SetFps(value);
     graphics_.SetVSync(value == HGEFPS_VSYNC);

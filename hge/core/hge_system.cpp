@@ -28,6 +28,7 @@ bool HgeImpl::System_Initiate() {
         }
         if (Initiate()) return true;
         // The reason is the last error, and no step of the way back may hide it.
+        audio_.Stop();
         graphics_.Stop();
         window_.Destroy();
         waiter_.reset();
@@ -39,6 +40,7 @@ bool HgeImpl::System_Initiate() {
 bool HgeImpl::Initiate() {
     OpenLog();
     if (!CheckScreenSize() || !OpenWindow() || !StartGraphics()) return false;
+    StartAudio();
     waiter_ = std::make_unique<FrameWaiter>();
     pacer_.SetFps(states_.Get(HGE_FPS));
     pacer_.Restart(FrameWaiter::Now());
@@ -101,6 +103,7 @@ void HgeImpl::System_Shutdown() {
 void HgeImpl::Shutdown() {
     initiated_ = false;
     screen_scene_ = screen_drawn_ = false;
+    audio_.Stop();
     graphics_.Stop();
     window_.Destroy();
     waiter_.reset();
@@ -140,7 +143,10 @@ bool HgeImpl::RunFrame() {
     if (!window_.PumpMessages() || !MayClose()) return false;
     ReportFocus();
     if (!initiated_) return false;
-    if (!window_.Active() && !states_.Get(HGE_DONTSUSPEND)) {
+    bool suspended = !window_.Active() && !states_.Get(HGE_DONTSUSPEND);
+    audio_.SetSuspended(suspended);
+    audio_.Update();
+    if (suspended) {
         Window::WaitForMessage(kIdleMilliseconds);
         pacer_.Resume(FrameWaiter::Now());
         return true;

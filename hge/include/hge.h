@@ -44,7 +44,7 @@ enum hgeBoolState {
     HGE_WINDOWED = 1,       // default false
     HGE_ZBUFFER = 2,        // default false
     HGE_TEXTUREFILTER = 3,  // default true
-    HGE_USESOUND = 4,       // default true
+    HGE_USESOUND = 4,       // default true; false: sounds load and run, nothing is heard
     HGE_DONTSUSPEND = 5,    // keep running while inactive; default false
     HGE_HIDEMOUSE = 6,      // default true
     HGE_SHOWSPLASH = 7      // kept and reported; no splash is drawn
@@ -211,6 +211,7 @@ struct HGE {
     virtual HCHANNEL CALL Effect_PlayEx(HEFFECT eff, int volume = 100, int pan = 0, float pitch = 1.0f,
                                         bool loop = false) = 0;
 
+    // Tracker modules cannot be decoded in this build: 0, and a line in the log.
     virtual HMUSIC CALL Music_Load(const char* filename, DWORD size = 0) = 0;
     virtual void CALL Music_Free(HMUSIC mus) = 0;
     virtual HCHANNEL CALL Music_Play(HMUSIC mus, bool loop, int volume = 100, int order = -1,
@@ -225,6 +226,7 @@ struct HGE {
     virtual void CALL Music_SetChannelVolume(HMUSIC mus, int channel, int volume) = 0;
     virtual int CALL Music_GetChannelVolume(HMUSIC mus, int channel) = 0;
 
+    // Decoded while it plays, on one channel at a time.
     virtual HSTREAM CALL Stream_Load(const char* filename, DWORD size = 0) = 0;
     virtual void CALL Stream_Free(HSTREAM stream) = 0;
     virtual HCHANNEL CALL Stream_Play(HSTREAM stream, bool loop, int volume = 100) = 0;
@@ -238,6 +240,7 @@ struct HGE {
     virtual void CALL Channel_PauseAll() = 0;
     virtual void CALL Channel_ResumeAll() = 0;
     virtual void CALL Channel_StopAll() = 0;
+    // True until it ends or is stopped, also while it is paused.
     virtual bool CALL Channel_IsPlaying(HCHANNEL chn) = 0;
     // Seconds; -1 for a dead channel.
     virtual float CALL Channel_GetLength(HCHANNEL chn) = 0;

@@ -15,6 +15,9 @@ struct hgeCounters {
     DWORD resource_blocks;  // blocks of Resource_Load not yet freed
     DWORD packs;            // attached packs
     DWORD references;       // hgeCreate calls not yet released
+    DWORD effects;          // live sound effects
+    DWORD streams;          // live streams
+    DWORD channels;         // sounds that play or are paused
 };
 
 // False when no HGE exists; counters are zeroed then.

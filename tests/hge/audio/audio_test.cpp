@@ -1,0 +1,228 @@
+#include "audio/audio.h"
+
+#include <filesystem>
+
+#include "gmock/gmock.h"
+#include "gtest/gtest.h"
+#include "hge/audio/sound_fixture.h"
+#include "resources/resource_store.h"
+
+namespace hge {
+namespace {
+
+using testing::AllOf;
+using testing::HasSubstr;
+using testing::Not;
+
+// Time passes only when the test says so.
+struct SteppedOutput : SoundOutput {
+    void Start(SoundFeed& to_pull, uint32_t) override { feed = &to_pull; }
+    void Stop() override { feed = nullptr; }
+    std::string TakeNotice() override { return std::exchange(notice, {}); }
+
+    std::vector<float> Play(size_t frames) {
+        std::vector<float> out(frames * 2);
+        feed->Render(out.data(), frames);
+        return out;
+    }
+
+    SoundFeed* feed = nullptr;
+    std::string notice = "sound: stepped";
+};
+
+class AudioTest : public testing::Test {
+ protected:
+    void SetUp() override {
+        ASSERT_TRUE(log_.Open(kLogPath));
+        Start();
+    }
+    void TearDown() override {
+        log_.Close();
+        std::filesystem::remove(kLogPath);
+    }
+
+    void Start() {
+        auto output = std::make_unique<SteppedOutput>();
+        output_ = output.get();
+        audio_.Start(44100, std::move(output));
+    }
+
+    std::string LogText() {
+        std::ifstream file(kLogPath);
+        return std::string(std::istreambuf_iterator<char>(file), {});
+    }
+
+    uint32_t LoadEffect(const Blob& bytes) {
+        return audio_.LoadEffect(reinterpret_cast<const char*>(bytes.data()),
+                                 static_cast<uint32_t>(bytes.size()));
+    }
+    uint32_t LoadStream(const Blob& bytes) {
+        return audio_.LoadStream(reinterpret_cast<const char*>(bytes.data()),
+                                 static_cast<uint32_t>(bytes.size()));
+    }
+
+    static constexpr const char* kLogPath = "hge_audio_test.log";
+    const Blob tone_ = MakeWave({}, Samples(std::vector<int>(4410, 16384)));  // 0.1 s
+    Log log_;
+    ResourceStore store_{log_, AUDIO_ASSETS};
+    Audio audio_{log_, store_};
+    SteppedOutput* output_ = nullptr;
+};
+
+TEST_F(AudioTest, IsHarmlessWhenNotStarted) {
+    audio_.Stop();
+    audio_.Stop();
+    EXPECT_EQ(LoadEffect(tone_), 0u);
+    EXPECT_EQ(log_.LastError(), "cannot load effect a block of 8864 bytes: sound is not started");
+    audio_.SetAllPaused(true);
+    audio_.StopAll();
+    audio_.Update();
+    audio_.SetSuspended(true);
+    EXPECT_EQ(audio_.PlayEffect(0x30040000, {}), 0u);
+    EXPECT_EQ(audio_.Length(0x60040000), -1);
+}
+
+TEST_F(AudioTest, NamesTheFileThatDoesNotLoad) {
+    EXPECT_EQ(audio_.LoadEffect("nowhere.wav", 0), 0u);
+    EXPECT_THAT(log_.LastError(), HasSubstr("nowhere.wav"));
+    EXPECT_EQ(audio_.LoadEffect("make_assets.sh", 0), 0u);
+    EXPECT_EQ(log_.LastError(),
+              "cannot load effect \"make_assets.sh\": neither WAV nor OGG nor MP3, or cut off");
+    EXPECT_EQ(audio_.LoadStream("make_assets.sh", 0), 0u);
+    EXPECT_THAT(log_.LastError(), HasSubstr("cannot load stream \"make_assets.sh\""));
+    EXPECT_EQ(audio_.LoadEffect(nullptr, 0), 0u);
+    EXPECT_EQ(audio_.LoadEffect(nullptr, 12), 0u);
+    EXPECT_EQ(audio_.LoadMusic("theme.xm", 0), 0u);
+    EXPECT_THAT(log_.LastError(), HasSubstr("theme.xm"));
+    EXPECT_EQ(store_.live_blocks(), 0u);
+}
+
+TEST_F(AudioTest, TakesDeadAndForeignHandles) {
+    uint32_t effect = LoadEffect(tone_), stream = LoadStream(tone_);
+    for (uint32_t id : {0u, effect, stream, 0xFFFFFFFFu, 0x60040000u}) {
+        audio_.SetPan(id, 1);
+        audio_.SetVolume(id, 1);
+        audio_.SetPitch(id, 1);
+        audio_.SetPaused(id, true);
+        audio_.StopChannel(id);
+        audio_.SetPosition(id, 1);
+        audio_.SlideTo(id, 1, 1, 1, 1);
+        EXPECT_FALSE(audio_.IsPlaying(id) || audio_.IsSliding(id));
+        EXPECT_EQ(audio_.Position(id), -1);
+    }
+    audio_.FreeEffect(stream);
+    audio_.FreeStream(effect);
+    EXPECT_EQ(audio_.PlayEffect(stream, {}) + audio_.PlayStream(effect, {}), 0u);
+    EXPECT_EQ(audio_.effect_count() + audio_.stream_count(), 2u);
+    EXPECT_THAT(LogText(), AllOf(HasSubstr("is no live effect"), HasSubstr("is no live channel")));
+}
+
+TEST_F(AudioTest, ReportsWhatTheOutputSays) {
+    EXPECT_THAT(LogText(), HasSubstr("sound: stepped"));
+    output_->notice = "sound: the device is gone";
+    audio_.Update();
+    audio_.Update();
+    std::string text = LogText();
+    EXPECT_EQ(text.find("is gone"), text.rfind("is gone"));
+}
+
+TEST_F(AudioTest, LoadsFilesOfEveryKind) {
+    for (const char* name : {"tone.ogg", "tone.mp3", "ima.wav", "ms.wav", "surround.ogg"}) {
+        uint32_t effect = audio_.LoadEffect(name, 0), stream = audio_.LoadStream(name, 0);
+        uint32_t channels[] = {audio_.PlayEffect(effect, {}), audio_.PlayStream(stream, {.loop = true})};
+        for (uint32_t channel : channels)
+            EXPECT_FLOAT_EQ(audio_.Length(channel), 0.5f) << name << ' ' << log_.LastError();
+        EXPECT_NEAR(Hertz(output_->Play(20000), 44100, 2), 441, 1) << name;
+        audio_.FreeEffect(effect);
+        audio_.FreeStream(stream);
+        EXPECT_EQ(audio_.channel_count(), 0u);
+    }
+}
+
+// The stream decodes in blocks and goes round by seeking; the effect is the measure.
+TEST_F(AudioTest, StreamsSoundLikeEffects) {
+    for (const char* name : {"tone.ogg", "tone.mp3", "ima.wav"}) {
+        audio_.PlayEffect(audio_.LoadEffect(name, 0), {.loop = true});
+        auto effect = output_->Play(60000);
+        audio_.StopAll();
+        audio_.PlayStream(audio_.LoadStream(name, 0), {.loop = true});
+        auto stream = output_->Play(60000);
+        audio_.StopAll();
+        double worst = 0;
+        for (size_t i = 0; i < effect.size(); ++i)
+            worst = std::max<double>(worst, std::abs(effect[i] - stream[i]));
+        EXPECT_LT(worst, 1e-4) << name;
+    }
+}
+
+TEST_F(AudioTest, EndsChannelsWithTheirTime) {
+    uint32_t channel = audio_.PlayEffect(LoadEffect(tone_), {});
+    output_->Play(4409);
+    EXPECT_TRUE(audio_.IsPlaying(channel));
+    audio_.SetPaused(channel, true);
+    output_->Play(1000);
+    EXPECT_TRUE(audio_.IsPlaying(channel)) << "paused is not ended";
+    audio_.SetAllPaused(false);
+    output_->feed->Skip(1);
+    EXPECT_FALSE(audio_.IsPlaying(channel));
+    EXPECT_EQ(audio_.Length(channel), -1);
+    EXPECT_THAT(LogText(), Not(HasSubstr("no live"))) << "asking about an ended channel is no fault";
+}
+
+TEST_F(AudioTest, FreeingStopsWhatPlays) {
+    uint32_t effect = LoadEffect(tone_), other = LoadEffect(tone_);
+    audio_.PlayEffect(effect, {.loop = true});
+    audio_.PlayEffect(effect, {});
+    uint32_t last = audio_.PlayEffect(other, {});
+    audio_.FreeEffect(effect);
+    EXPECT_EQ(audio_.channel_count(), 1u);
+    EXPECT_TRUE(audio_.IsPlaying(last));
+    EXPECT_EQ(output_->Play(10)[0], 0.5f);
+}
+
+TEST_F(AudioTest, AStreamPlaysOnceAtATime) {
+    uint32_t stream = LoadStream(tone_);
+    uint32_t first = audio_.PlayStream(stream, {});
+    output_->Play(2000);
+    uint32_t second = audio_.PlayStream(stream, {});
+    EXPECT_FALSE(audio_.IsPlaying(first));
+    EXPECT_EQ(audio_.Position(second), 0);
+    EXPECT_EQ(output_->Play(1)[0], 0.5f);
+}
+
+TEST_F(AudioTest, KeepsVolumesOverARestart) {
+    audio_.SetVolumes(50, 0, 20);
+    audio_.PlayEffect(LoadEffect(tone_), {});
+    EXPECT_FLOAT_EQ(output_->Play(1)[0], 0.25f);
+    Start();
+    EXPECT_EQ(audio_.effect_count(), 0u);
+    audio_.PlayStream(LoadStream(tone_), {});
+    EXPECT_FLOAT_EQ(output_->Play(1)[0], 0.1f);
+}
+
+TEST_F(AudioTest, HundredThousandSoundsLeaveNothingBehind) {
+    uint32_t first = 0;
+    for (int i = 0; i < 100000; ++i) {
+        uint32_t effect = LoadEffect(tone_);
+        uint32_t channel = audio_.PlayEffect(effect, {});
+        if (i == 0) first = channel;
+        output_->feed->Skip(4410);
+        ASSERT_FALSE(audio_.IsPlaying(channel));
+        audio_.FreeEffect(effect);
+    }
+    EXPECT_EQ(audio_.effect_count() + audio_.channel_count(), 0u);
+    EXPECT_FALSE(audio_.IsPlaying(first));
+}
+
+TEST_F(AudioTest, RunsOnTheRealClockWithoutADevice) {
+    audio_.Start(44100, MakeThreadedOutput(nullptr));
+    EXPECT_THAT(LogText(), HasSubstr("sound: off, channels run silently"));
+    uint32_t channel = audio_.PlayEffect(LoadEffect(tone_), {});
+    // Ends by itself; the test's own time limit is the bound.
+    while (audio_.IsPlaying(channel)) {
+    }
+    EXPECT_EQ(audio_.channel_count(), 0u);
+}
+
+}  // namespace
+}  // namespace hge
