@@ -1,0 +1,161 @@
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include "engine/recording_sink.h"
+#include "support/win32_seams.h"
+
+using testing::ElementsAre;
+using testing::IsEmpty;
+
+namespace {
+
+class SoundTest : public testing::Test {
+ protected:
+    static void SetUpTestSuite() {
+        Recording().Reset();
+        Recording().on_start = [] { return true; };
+        Engine()->InitHge(800, 600, "sounds", false);
+    }
+
+    void SetUp() override {
+        Recording().Reset();
+        Recording().initiated = true;
+        win32_seams::Reset();
+        win32_seams::SetActiveWindow(Recording().window);
+    }
+
+    void TearDown() override {
+        Engine()->StopMusic();
+        while (Engine()->GetSoundSize())
+            Engine()->FreeSound(0);
+        EXPECT_THAT(Recording().Faults(), IsEmpty());
+    }
+
+    static I2DGameEngine* Engine() { return C2DGameEngine::Get2DGameEngineInstance(); }
+
+    static void EndChannelOf(int index) { Recording().EndChannel(Engine()->EnumSound(index)->channel); }
+
+    static std::vector<unsigned long> Effects() {
+        std::vector<unsigned long> effects;
+        for (int i = 0; EffectHandle* sound = Engine()->EnumSound(i); ++i)
+            effects.push_back(sound->effect);
+        return effects;
+    }
+};
+
+TEST(SoundBeforeInitTest, IsSilent) {
+    C2DGameEngine engine;
+    EXPECT_EQ(engine.Play2DSound("a.wav"), nullptr);
+    EXPECT_EQ(engine.Play2DSound(7ul), nullptr);
+    engine.PlayMusic("a.ogg", true);
+    engine.StopMusic();
+    EXPECT_EQ(engine.GetSoundSize(), 0u);
+}
+
+TEST_F(SoundTest, IgnoresWhatIsNotThere) {
+    Recording().missing = {"a.wav"};
+    EXPECT_EQ(Engine()->Play2DSound("a.wav"), nullptr);
+    EXPECT_EQ(Engine()->GetSoundSize(), 0u);
+    EXPECT_THAT(Recording().CallsMatching("Effect_Play"), IsEmpty());
+    Engine()->Play2DSound("b.wav");
+    for (int index : {-1, 1, 100}) {
+        EXPECT_EQ(Engine()->EnumSound(index), nullptr);
+        Engine()->FreeSound(index);
+    }
+    EXPECT_EQ(Engine()->GetSoundSize(), 1u);
+}
+
+TEST_F(SoundTest, PlaysEachSoundOnAnEffectOfItsOwn) {
+    EffectHandle* first = Engine()->Play2DSound("a.wav");
+    ASSERT_TRUE(first);
+    EffectHandle kept = *first;
+    EffectHandle* second = Engine()->Play2DSound("a.wav");
+    EXPECT_NE(second->effect, kept.effect);
+    EXPECT_NE(second->channel, kept.channel);
+    EXPECT_EQ(Engine()->EnumSound(1), second);
+    EXPECT_EQ(Engine()->EnumSound(0)->channel, kept.channel);
+    EXPECT_THAT(Recording().Calls(),
+                ElementsAre("Effect_Load(\"a.wav\", 0)", "Effect_PlayEx(1, 100, 0, 1, false)",
+                            "Effect_Load(\"a.wav\", 0)", "Effect_PlayEx(3, 100, 0, 1, false)"));
+}
+
+TEST_F(SoundTest, TakesOverTheHostsEffect) {
+    HEFFECT effect = Recording().Effect_Load("a.wav", 0);
+    EXPECT_EQ(Engine()->Play2DSound(effect)->effect, effect);
+    EndChannelOf(0);
+    C2DGameEngine::FrameFuc();
+    EXPECT_THAT(Recording().effects, IsEmpty());
+}
+
+TEST_F(SoundTest, FreeSoundLeavesTheSoundPlaying) {
+    Engine()->Play2DSound("a.wav");
+    Engine()->Play2DSound("b.wav");
+    unsigned long second = Effects()[1];
+    Engine()->FreeSound(0);
+    EXPECT_THAT(Effects(), ElementsAre(second));
+    EXPECT_EQ(Recording().effects.size(), 2u);
+    EXPECT_THAT(Recording().CallsMatching("Channel_Stop"), IsEmpty());
+}
+
+TEST_F(SoundTest, ReapsNeighboursThatEndInTheSameFrame) {
+    for (const char* file : {"a.wav", "b.wav", "c.wav", "d.wav"})
+        Engine()->Play2DSound(file);
+    auto effects = Effects();
+    EndChannelOf(1);
+    EndChannelOf(2);
+    C2DGameEngine::FrameFuc();
+    EXPECT_THAT(Effects(), ElementsAre(effects[0], effects[3]));
+    EXPECT_EQ(Recording().effects, (std::set<DWORD>{effects[0], effects[3]}));
+    EndChannelOf(0);
+    EndChannelOf(1);
+    C2DGameEngine::FrameFuc();
+    EXPECT_THAT(Effects(), IsEmpty());
+}
+
+TEST_F(SoundTest, ReapsWhileTheWindowIsInactive) {
+    win32_seams::SetActiveWindow(nullptr);
+    Engine()->Play2DSound("a.wav");
+    EndChannelOf(0);
+    C2DGameEngine::FrameFuc();
+    EXPECT_EQ(Engine()->GetSoundSize(), 0u);
+    EXPECT_THAT(Recording().effects, IsEmpty());
+}
+
+TEST_F(SoundTest, HundredThousandSoundsComeAndGo) {
+    for (int i = 0; i < 100000; ++i) {
+        ASSERT_TRUE(Engine()->Play2DSound("a.wav"));
+        // Three play at a time.
+        if (Engine()->GetSoundSize() < 3) continue;
+        EndChannelOf(i % 3);
+        C2DGameEngine::FrameFuc();
+        ASSERT_EQ(Engine()->GetSoundSize(), 2u);
+        std::erase_if(Recording().channels, [](const auto& entry) { return !entry.second.playing; });
+        Recording().ClearCalls();
+    }
+    EXPECT_EQ(Recording().effects.size(), 2u);
+}
+
+TEST_F(SoundTest, ReplacesTheMusicAlsoByNothing) {
+    Recording().missing = {"none.ogg"};
+    Engine()->PlayMusic("a.ogg", true);
+    Engine()->PlayMusic("none.ogg", true);
+    Engine()->StopMusic();
+    Engine()->PlayMusic("b.ogg", false);
+    Engine()->StopMusic();
+    Engine()->StopMusic();
+    EXPECT_EQ(Engine()->GetSoundSize(), 0u);
+    EXPECT_THAT(Recording().Calls(),
+                ElementsAre("Effect_Load(\"a.ogg\", 0)", "Effect_PlayEx(1, 100, 0, 1, true)",
+                            "Effect_Free(1)", "Effect_Load(\"none.ogg\", 0)", "Effect_Load(\"b.ogg\", 0)",
+                            "Effect_PlayEx(3, 100, 0, 1, false)", "Effect_Free(3)"));
+}
+
+TEST_F(SoundTest, MusicIsNotReaped) {
+    Engine()->PlayMusic("a.ogg", false);
+    for (auto& [id, channel] : Recording().channels)
+        channel.playing = false;
+    C2DGameEngine::FrameFuc();
+    EXPECT_EQ(Recording().effects.size(), 1u);
+}
+
+}  // namespace
