@@ -73,7 +73,8 @@ HTEXTURE HgeImpl::Texture_Load(const char* filename, DWORD size, bool bMipmap) {
 }
 
 HTEXTURE HgeImpl::LoadTexture(const char* filename, DWORD size, bool mipmaps) {
-    const char* name = size ? "(memory)" : filename ? filename : "";
+    const char* name = size ? resources_.NameOf(filename) : filename;
+    if (!name) name = size ? "(memory)" : "";
     if (!graphics_.running()) {
         log_.Fail("cannot load texture \"%s\": the system is not initiated", name);
         return 0;

@@ -18,8 +18,8 @@ ResourceStore::ResourceStore(Log& log, std::string folder)
     : log_(log), folder_(std::move(folder)), code_page_(AnsiCodePage()) {}
 
 ResourceStore::~ResourceStore() {
-    for (void* block : blocks_)
-        std::free(block);
+    for (const auto& [block, name] : blocks_)
+        std::free(const_cast<void*>(block));
 }
 
 void* ResourceStore::Load(const char* name, uint32_t* size) {
@@ -34,7 +34,7 @@ void* ResourceStore::Load(const char* name, uint32_t* size) {
         log_.Fail("cannot load \"%s\": %s", name, reason.c_str());
         return nullptr;
     }
-    blocks_.insert(block.bytes.get());
+    blocks_.emplace(block.bytes.get(), name);
     if (size) *size = block.size;
     return block.bytes.release();
 }
@@ -45,6 +45,11 @@ void ResourceStore::Free(void* block) {
         std::free(block);
     else
         log_.Write("Resource_Free: %p is no loaded resource, or was freed before", block);
+}
+
+const char* ResourceStore::NameOf(const void* block) const {
+    auto found = blocks_.find(block);
+    return found == blocks_.end() ? nullptr : found->second.c_str();
 }
 
 bool ResourceStore::AttachPack(const char* path, const char* password) {

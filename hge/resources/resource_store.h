@@ -3,7 +3,7 @@
 #include <cstdint>
 #include <memory>
 #include <string>
-#include <unordered_set>
+#include <unordered_map>
 #include <vector>
 
 #include "core/log.h"
@@ -27,6 +27,8 @@ class ResourceStore {
     void* Load(const char* name, uint32_t* size);
     // Ignores a pointer that is not a live block, with a line in the log.
     void Free(void* block);
+    // What was loaded into a live block, null for other memory; valid until it is freed.
+    const char* NameOf(const void* block) const;
     // Attached already: only takes over a password that is given.
     bool AttachPack(const char* path, const char* password);
     void RemovePack(const char* path);
@@ -54,8 +56,8 @@ class ResourceStore {
     Log& log_;
     std::string folder_;
     CodePage code_page_;
-    std::vector<std::unique_ptr<Pack>> packs_;  // newest first
-    std::unordered_set<void*> blocks_;
+    std::vector<std::unique_ptr<Pack>> packs_;             // newest first
+    std::unordered_map<const void*, std::string> blocks_;  // and what was loaded into them
     std::string path_;
     FolderSearch files_{FolderSearch::Kind::kFiles};
     FolderSearch folders_{FolderSearch::Kind::kFolders};

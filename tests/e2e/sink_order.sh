@@ -73,6 +73,18 @@ expect "Pad(1) OnFrame(0) OnRender"
 xdotool mouseup 1
 expect "Pad(0) OnFrame(0) OnRender"
 
+echo "the image cursor follows the mouse"
+# The ball's disc is 96 pixels wide, its corner at the mouse; the game's ground is black.
+ball_at() {
+    local centre="p{$(($1 + 112 + 48)),$(($2 + 84 + 75))}"
+    [ "$(import -window root -depth 8 png:- | convert - -format "%[fx:$centre.r>.8&&$centre.g<.5]" info:)" = 1 ]
+}
+at 600 100
+wait_for 5 ball_at 600 100
+at 100 420
+wait_for 5 ball_at 100 420
+! ball_at 600 100 || fail "a second cursor stays where the first was"
+
 end_program
 [ "$(tail -n 1 "$trace")" = end ] || fail "InitHge did not return"
 [ "$(wc -l <"$trace")" = $((seen + 1)) ] || fail "unexpected calls: $(tail -n +$((seen + 1)) "$trace")"

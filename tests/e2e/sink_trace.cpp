@@ -1,5 +1,5 @@
-// Runs the engine with a control in the middle and writes every frame with a mouse event to sink_trace.txt, a
-// frame a line, its calls in order. Ends itself on Escape.
+// Runs the engine with a control in the middle and a ball for a cursor, and writes every frame with a mouse
+// event to sink_trace.txt, a frame a line, its calls in order. Ends itself on Escape.
 #include <drill2d/drill2d.h>
 #include <hgegui.h>
 
@@ -39,6 +39,12 @@ class Trace : public I2DGameEngineSink {
  public:
     void OnInit() override {
         Engine()->AddControl(new Pad);
+        CGameResourceManager* res = CGameResourceManager::getInstance();
+        res->AttachHge(Engine()->GetHge());
+        res->AttachPacket("hello.zip");
+        res->SetCurPacket("hello.zip");
+        for (int i = 0; i < 2; ++i)
+            Engine()->SetCursor("ball.png", res);
         std::fprintf(g_file, "OnInit\n");
         std::fflush(g_file);
     }

@@ -1,0 +1,57 @@
+#include "support/framework_fixture.h"
+
+#include <fstream>
+#include <iterator>
+
+HGE* FrameworkTest::hge_ = nullptr;
+
+namespace {
+
+constexpr char kLog[] = "framework_test.log", kPicture[] = "framework_test.png";
+
+std::string FileBytes(const char* path) {
+    std::ifstream file(path, std::ios::binary);
+    return {std::istreambuf_iterator<char>(file), {}};
+}
+
+}  // namespace
+
+void FrameworkTest::SetUpTestSuite() {
+    hge_ = hgeCreate(HGE_VERSION);
+    ASSERT_NE(hge_, nullptr);
+    hge_->System_SetState(HGE_WINDOWED, true);
+    hge_->System_SetState(HGE_LOGFILE, kLog);
+    ASSERT_TRUE(hge_->System_Initiate()) << hge_->System_GetErrorMessage();
+}
+
+void FrameworkTest::TearDownTestSuite() {
+    hge_->System_Shutdown();
+    hge_->Release();
+}
+
+void FrameworkTest::Scene(const std::function<void()>& draw) {
+    ASSERT_TRUE(hge_->Gfx_BeginScene(0));
+    hge_->Gfx_Clear(0xFF000000);
+    draw();
+    hge_->Gfx_EndScene();
+}
+
+hge::Image FrameworkTest::Picture(const std::function<void()>& draw) {
+    Scene(draw);
+    hge_->System_Snapshot(kPicture);
+    std::string bytes = FileBytes(hge_->Resource_MakePath(kPicture));
+    hge::Image image;
+    std::string reason;
+    EXPECT_TRUE(hge::DecodeImage(bytes.data(), bytes.size(), &image, &reason)) << reason;
+    return image;
+}
+
+hgeCounters FrameworkTest::Counters() {
+    hgeCounters counters = {};
+    hgeGetCounters(&counters);
+    return counters;
+}
+
+std::string FrameworkTest::LogText() {
+    return FileBytes(hge_->Resource_MakePath(kLog));
+}

@@ -1,0 +1,26 @@
+#pragma once
+
+#include <gtest/gtest.h>
+
+#include <functional>
+
+#include "hge.h"
+#include "hgecounters.h"
+#include "resources/image.h"
+
+// The real framework with an 800 x 600 window; one life for all tests of a program's suite.
+class FrameworkTest : public testing::Test {
+ protected:
+    static void SetUpTestSuite();
+    static void TearDownTestSuite();
+
+    // One scene of the screen over opaque black.
+    static void Scene(const std::function<void()>& draw);
+    // What the scene shows.
+    static hge::Image Picture(const std::function<void()>& draw);
+    static hgeCounters Counters();
+    // The log so far.
+    static std::string LogText();
+
+    static HGE* hge_;
+};
