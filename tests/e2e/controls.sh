@@ -52,8 +52,12 @@ expect "second over 0" "first over 1"
 rested
 xdotool mousedown 1 sleep 0.05 mouseup 1 sleep 0.05 \
     mousemove 250 70 sleep 0.05 mousedown 1 sleep 0.05 mouseup 1
-expect "first down 1" "first click 1" "first over 1" "first over 0" "second over 1" "second click 1" \
-    "second over 1"
+wait_for 10 grep -q "second click" "$trace"
+sleep 0.3
+# Where the mouse is noticed first depends on the frames' times; presses and clicks do not.
+clicks=$(tail -n +$((seen + 1)) "$trace" | grep -v over | tr '\n' ',')
+[ "$clicks" = "first down 1,first click 1,second click 1," ] || fail "the debounce gave $clicks"
+seen=$(wc -l <"$trace")
 
 echo "press, drag out, release outside"
 rested

@@ -5,25 +5,11 @@
 #include <cstdio>
 #include <memory>
 
+#include "support/notify_text.h"
+
 namespace {
 
 std::FILE* g_file = nullptr;
-
-const char* CodeName(unsigned int code) {
-    switch (code) {
-        case NOTIFY_LBUTTONDOWN:
-            return "down";
-        case NOTIFY_MOUSEOVER:
-            return "over";
-        case NOTIFY_CHECKED:
-            return "checked";
-        case NOTIFY_DRAGMOVE:
-            return "drag";
-        case NOTIFY_CLICK:
-            return "click";
-    }
-    return "unknown";
-}
 
 // Each control has a sink with its name.
 class NamedSink final : public INotifyMsg {
@@ -35,9 +21,7 @@ class NamedSink final : public INotifyMsg {
         return iid == IID_INotifyMsg ? static_cast<INotifyMsg*>(this) : nullptr;
     }
     void OnNotify(ControlNotify* msg) override {
-        std::fprintf(g_file, "%s %s %u", name_, CodeName(msg->code), msg->param);
-        if (msg->code == NOTIFY_DRAGMOVE) std::fprintf(g_file, " %d,%d", msg->x, msg->y);
-        std::fprintf(g_file, "%s\n", msg->kind == 1 && msg->time ? "" : " (bad record)");
+        std::fprintf(g_file, "%s %s\n", name_, NotifyText(*msg).c_str());
         std::fflush(g_file);
     }
 

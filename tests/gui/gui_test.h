@@ -9,17 +9,16 @@
 
 #include "drill2d/controls.h"
 #include "drill2d/resources.h"
+#include "support/notify_text.h"
 #include "support/recording_hge.h"
 #include "support/win32_seams.h"
 
-// What a sink was told, one line a record: code, param and, for drags, the point.
+using testing::ElementsAre;
+using testing::IsEmpty;
+
 class NotifyLog final : public INotifyMsg {
  public:
-    std::vector<std::string> Take() {
-        std::vector<std::string> taken;
-        taken.swap(lines_);
-        return taken;
-    }
+    std::vector<std::string> Take() { return std::exchange(lines_, {}); }
     bool answers = true;
 
     bool IsValid() override { return true; }
@@ -29,40 +28,22 @@ class NotifyLog final : public INotifyMsg {
         return known && answers ? static_cast<INotifyMsg*>(this) : nullptr;
     }
     void OnNotify(ControlNotify* msg) override {
-        EXPECT_EQ(msg->kind, 1u);
-        EXPECT_EQ(msg->reserved, 0u);
         EXPECT_EQ(msg->time, GetTickCount());
-        lines_.push_back("#" + std::to_string(msg->sender->id) + " " + Name(msg->code) + " " +
-                         std::to_string(msg->param));
-        if (msg->x || msg->y) lines_.back() += " at " + std::to_string(msg->x) + "," + std::to_string(msg->y);
+        lines_.push_back("#" + std::to_string(msg->sender->id) + " " + NotifyText(*msg));
     }
 
  private:
-    static std::string Name(unsigned int code) {
-        switch (code) {
-            case NOTIFY_LBUTTONDOWN:
-                return "down";
-            case NOTIFY_MOUSEOVER:
-                return "over";
-            case NOTIFY_CHECKED:
-                return "checked";
-            case NOTIFY_DRAGMOVE:
-                return "drag";
-            case NOTIFY_CLICK:
-                return "click";
-        }
-        return "code " + std::to_string(code);
-    }
     std::vector<std::string> lines_;
 };
 
-// Controls in a GUI with a mouse; each step of the mouse is one frame.
+// Controls in a GUI with a mouse; each step of the mouse is one frame. Images are 500 x 40 pixels.
 class GuiTest : public testing::Test {
  protected:
     void SetUp() override {
         Recording().Reset();
         Recording().initiated = true;
-        win32_seams::Reset();
+        Recording().image_width = 500;
+        Recording().image_height = 40;
         // Far from every press of the tests before: the press debounce lives as long as the process.
         static DWORD start = 0;
         win32_seams::SetTick(start += 1000000);
@@ -70,7 +51,7 @@ class GuiTest : public testing::Test {
     }
     void TearDown() override {
         gui_.reset();
-        EXPECT_THAT(Recording().Faults(), testing::IsEmpty());
+        EXPECT_THAT(Recording().Faults(), IsEmpty());
     }
 
     // The GUI owns it.
@@ -104,11 +85,8 @@ class GuiTest : public testing::Test {
         gui_->Render();
         return Recording().quads;
     }
-    // Where in the texture a quad's left edge and right edge lie, pixels.
-    static std::vector<float> SourceX(const hgeQuad& quad) {
-        float width = static_cast<float>(Recording().textures[quad.tex].width);
-        return {quad.v[0].tx * width, quad.v[1].tx * width};
-    }
+    // Where in the 500 pixels of the first quad's image its left edge lies.
+    float SourceLeft() { return Draw().at(0).v[0].tx * 500; }
 
     NotifyLog log_;
     std::unique_ptr<hgeGUI> gui_;

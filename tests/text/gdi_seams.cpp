@@ -5,80 +5,51 @@
 namespace {
 
 int g_live = 0;
-int g_glyph_calls = 0;
 bool g_fail_fonts = false;
 
+// Behind the seam the real functions are asked for by name.
 template <typename Function>
-Function Real(Function, const char* module, const char* name) {
+Function Real(const char* name) {
     return reinterpret_cast<Function>(
-        reinterpret_cast<void*>(GetProcAddress(GetModuleHandleA(module), name)));
+        reinterpret_cast<void*>(GetProcAddress(GetModuleHandleA("gdi32"), name)));
 }
 
 }  // namespace
 
-// These take the place of the import libraries' pointers; the real functions are asked for by name.
+// The linker takes these in place of the import library's pointers.
 extern "C" {
-HFONT WINAPI CountedCreateFont(int height, int width, int escapement, int orientation, int weight,
-                               DWORD italic, DWORD underline, DWORD strike_out, DWORD charset, DWORD out,
-                               DWORD clip, DWORD quality, DWORD pitch, LPCSTR face) {
-    static const auto real = Real(&CountedCreateFont, "gdi32", "CreateFontA");
+HFONT WINAPI CountedFont(int height, int width, int escapement, int orientation, int weight, DWORD italic,
+                         DWORD underline, DWORD strike_out, DWORD charset, DWORD out, DWORD clip,
+                         DWORD quality, DWORD pitch, LPCSTR face) {
     if (g_fail_fonts) return nullptr;
     ++g_live;
-    return real(height, width, escapement, orientation, weight, italic, underline, strike_out, charset, out,
-                clip, quality, pitch, face);
+    return Real<decltype(&CountedFont)>("CreateFontA")(height, width, escapement, orientation, weight, italic,
+                                                       underline, strike_out, charset, out, clip, quality,
+                                                       pitch, face);
 }
-HDC WINAPI CountedCreateDC(HDC dc) {
-    static const auto real = Real(&CountedCreateDC, "gdi32", "CreateCompatibleDC");
+HDC WINAPI CountedDC(HDC dc) {
     ++g_live;
-    return real(dc);
+    return Real<decltype(&CountedDC)>("CreateCompatibleDC")(dc);
 }
 BOOL WINAPI CountedDeleteDC(HDC dc) {
-    static const auto real = Real(&CountedDeleteDC, "gdi32", "DeleteDC");
-    BOOL deleted = real(dc);
-    g_live -= deleted;
-    return deleted;
+    --g_live;
+    return Real<decltype(&CountedDeleteDC)>("DeleteDC")(dc);
 }
-BOOL WINAPI CountedDeleteObject(HGDIOBJ object) {
-    static const auto real = Real(&CountedDeleteObject, "gdi32", "DeleteObject");
-    BOOL deleted = real(object);
-    g_live -= deleted;
-    return deleted;
-}
-HDC WINAPI CountedGetDC(HWND window) {
-    static const auto real = Real(&CountedGetDC, "user32", "GetDC");
-    HDC dc = real(window);
-    g_live += dc != nullptr;
-    return dc;
-}
-int WINAPI CountedReleaseDC(HWND window, HDC dc) {
-    static const auto real = Real(&CountedReleaseDC, "user32", "ReleaseDC");
-    int released = real(window, dc);
-    g_live -= released;
-    return released;
-}
-DWORD WINAPI CountedGlyph(HDC dc, UINT c, UINT format, GLYPHMETRICS* metrics, DWORD size, void* buffer,
-                          const MAT2* matrix) {
-    static const auto real = Real(&CountedGlyph, "gdi32", "GetGlyphOutlineW");
-    ++g_glyph_calls;
-    return real(dc, c, format, metrics, size, buffer, matrix);
+BOOL WINAPI CountedDelete(HGDIOBJ object) {
+    --g_live;
+    return Real<decltype(&CountedDelete)>("DeleteObject")(object);
 }
 
-decltype(&CountedCreateFont) imported_create_font __asm__("__imp__CreateFontA@56") = CountedCreateFont;
-decltype(&CountedCreateDC) imported_create_dc __asm__("__imp__CreateCompatibleDC@4") = CountedCreateDC;
+decltype(&CountedFont) imported_create_font __asm__("__imp__CreateFontA@56") = CountedFont;
+decltype(&CountedDC) imported_create_dc __asm__("__imp__CreateCompatibleDC@4") = CountedDC;
 decltype(&CountedDeleteDC) imported_delete_dc __asm__("__imp__DeleteDC@4") = CountedDeleteDC;
-decltype(&CountedDeleteObject) imported_delete_object __asm__("__imp__DeleteObject@4") = CountedDeleteObject;
-decltype(&CountedGetDC) imported_get_dc __asm__("__imp__GetDC@4") = CountedGetDC;
-decltype(&CountedReleaseDC) imported_release_dc __asm__("__imp__ReleaseDC@8") = CountedReleaseDC;
-decltype(&CountedGlyph) imported_glyph __asm__("__imp__GetGlyphOutlineW@28") = CountedGlyph;
+decltype(&CountedDelete) imported_delete __asm__("__imp__DeleteObject@4") = CountedDelete;
 }
 
 namespace gdi_seams {
 
 int LiveObjects() {
     return g_live;
-}
-int GlyphCalls() {
-    return g_glyph_calls;
 }
 void FailFonts(bool fail) {
     g_fail_fonts = fail;
