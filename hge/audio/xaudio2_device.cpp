@@ -21,8 +21,8 @@
 namespace hge {
 namespace {
 
-// 40 ms are queued: enough for a machine whose cores are busy, too little to be heard as a delay.
-constexpr size_t kBlocks = 4;
+// 40 ms are queued, too little to be heard as a delay; each time the queue has run dry, 10 ms more.
+constexpr size_t kBlocks = 4, kMostBlocks = 12;
 constexpr uint32_t kBlocksPerSecond = 100;
 
 using CreateFunction = HRESULT(WINAPI*)(IXAudio2**, UINT32, XAUDIO2_PROCESSOR);
@@ -99,6 +99,8 @@ struct Session {
     std::unique_ptr<IXAudio2SourceVoice, DestroyVoice> source;
     std::vector<float> blocks;
     size_t next_block = 0;
+    size_t depth = kBlocks;
+    bool playing = false;  // the queue has been full
 };
 
 std::string Failure(const char* what, HRESULT result) {
@@ -170,7 +172,7 @@ class XAudio2Device final : public SoundDevice {
     bool Submit(const float* stereo) override {
         size_t samples = block_frames() * 2;
         float* block = &session_->blocks[session_->next_block * samples];
-        session_->next_block = (session_->next_block + 1) % kBlocks;
+        session_->next_block = (session_->next_block + 1) % kMostBlocks;
         std::memcpy(block, stereo, samples * sizeof *block);
         XAUDIO2_BUFFER buffer = {};
         buffer.AudioBytes = static_cast<UINT32>(samples * sizeof *block);
@@ -208,17 +210,21 @@ class XAudio2Device final : public SoundDevice {
                                                            XAUDIO2_DEFAULT_FREQ_RATIO, &session.events);
         if (FAILED(result)) return Failure("CreateSourceVoice", result);
         session.source.reset(source);
-        session.blocks.resize(kBlocks * block_frames() * 2);
+        session.blocks.resize(kMostBlocks * block_frames() * 2);
         result = source->Start();
         if (FAILED(result)) return Failure("Start", result);
         SetThreadPriority(GetCurrentThread(), THREAD_PRIORITY_TIME_CRITICAL);
         return {};
     }
 
-    bool HasRoom() const {
+    bool HasRoom() {
+        Session& session = *session_;
         XAUDIO2_VOICE_STATE state = {};
-        session_->source->GetState(&state, XAUDIO2_VOICE_NOSAMPLESPLAYED);
-        return state.BuffersQueued < kBlocks;
+        session.source->GetState(&state, XAUDIO2_VOICE_NOSAMPLESPLAYED);
+        if (session.playing && state.BuffersQueued == 0 && session.depth < kMostBlocks) ++session.depth;
+        session.playing =
+            state.BuffersQueued >= session.depth || (session.playing && state.BuffersQueued > 0);
+        return state.BuffersQueued < session.depth;
     }
 
     uint32_t rate_ = 0;

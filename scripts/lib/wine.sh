@@ -38,7 +38,7 @@ use_wine() {
         local libraries=$wine_root/usr/lib/i386-linux-gnu
         wine=$wine_root/usr/lib/wine/wine wine_server=$wine_root/usr/lib/wine/wineserver
         wine_environment+=(
-            "LD_LIBRARY_PATH=$libraries:$wine_root/lib/i386-linux-gnu"
+            "LD_LIBRARY_PATH=$libraries:$libraries/pulseaudio:$wine_root/lib/i386-linux-gnu"
             "LIBGL_DRIVERS_PATH=$libraries/dri"
             "WINESERVER=$wine_server")
     fi
