@@ -93,7 +93,7 @@ install_tools() {
     finish_interrupted_install
     announce_packages 1 Tools "$log" apt install --no-install-recommends --assume-no "${packages[@]}"
     printf '%s\n' "${packages[@]}" >"$cache/tools.unfinished"
-    watch "$log" apt_counter apt install -y --no-install-recommends -o APT::Status-Fd=1 \
+    watch "$log" apt_counter apt install -y --no-install-recommends -o APT::Status-Fd=1 -o Dpkg::Use-Pty=0 \
         -o Dpkg::Options::=--force-confold "${packages[@]}" || fail "installing tools" "$log"
     [[ -z $(missing_tools) ]] || die "installed, but not found: $(missing_tools | paste -sd' '); see $log"
     rm -f "$cache/tools.unfinished"
