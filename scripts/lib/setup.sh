@@ -77,7 +77,12 @@ as_root() {
     if ((EUID == 0)); then "$@"; else sudo "$@"; fi
 }
 
-apt() { as_root env LC_ALL=C DEBIAN_FRONTEND=noninteractive apt-get -o DPkg::Lock::Timeout=600 "$@"; }
+# How far it is comes on a descriptor of its own, into the same log: apt takes that one away from its children.
+apt() {
+    # shellcheck disable=SC2016
+    as_root env LC_ALL=C DEBIAN_FRONTEND=noninteractive sh -c 'exec apt-get -o APT::Status-Fd=3 "$@" 3>&1' apt \
+        -o DPkg::Lock::Timeout=600 -o Dpkg::Use-Pty=0 "$@"
+}
 
 install_tools() {
     local log=$cache/logs/tools.log packages
@@ -93,7 +98,7 @@ install_tools() {
     finish_interrupted_install
     announce_packages 1 Tools "$log" apt install --no-install-recommends --assume-no "${packages[@]}"
     printf '%s\n' "${packages[@]}" >"$cache/tools.unfinished"
-    watch "$log" apt_counter apt install -y --no-install-recommends -o APT::Status-Fd=1 -o Dpkg::Use-Pty=0 \
+    watch "$log" apt_counter apt install -y --no-install-recommends \
         -o Dpkg::Options::=--force-confold "${packages[@]}" || fail "installing tools" "$log"
     [[ -z $(missing_tools) ]] || die "installed, but not found: $(missing_tools | paste -sd' '); see $log"
     rm -f "$cache/tools.unfinished"
@@ -193,7 +198,8 @@ wine_apt() {
     LC_ALL=C apt-get -o Dir::State="$apt/state" -o Dir::State::status=/dev/null -o Dir::Cache="$apt/cache" \
         -o Dir::Etc::sourcelist="$apt/sources.list" -o Dir::Etc::sourceparts=/dev/null \
         -o APT::Architecture=i386 -o APT::Architectures=i386 -o APT::Install-Recommends=false \
-        -o APT::Sandbox::User="$(id -un)" -o Acquire::Retries=3 -o Acquire::Languages=none "$@"
+        -o APT::Sandbox::User="$(id -un)" -o Acquire::Retries=3 -o Acquire::Languages=none \
+        -o APT::Status-Fd=3 "$@" 3>&1
 }
 
 fetch_wine() {
@@ -206,9 +212,9 @@ fetch_wine() {
     mkdir -p "$apt/state/lists/partial" "$apt/cache/archives/partial"
     echo "deb [arch=i386$key] $mirror $suite main" >"$apt/sources.list"
     step 2 "32-bit Wine: reading the package list, a few seconds"
-    watch "$log.update" apt_counter wine_apt update -o APT::Status-Fd=1 || :
+    watch "$log.update" apt_counter wine_apt update || :
     announce_packages 2 "32-bit Wine" "$log" wine_apt install --assume-no "${wine_packages[@]}"
-    watch "$log" apt_counter wine_apt install -y --download-only -o APT::Status-Fd=1 "${wine_packages[@]}" ||
+    watch "$log" apt_counter wine_apt install -y --download-only "${wine_packages[@]}" ||
         fail "downloading 32-bit Wine" "$log"
 }
 
