@@ -67,7 +67,11 @@ missing_tools() {
     local entry package proof
     for entry in "${tools[@]}"; do
         read -r package proof <<<"$entry"
-        [[ -e $proof ]] || command -v "$proof" >/dev/null || echo "$package"
+        if [[ $proof == /* ]]; then
+            [[ -e $proof ]]
+        else
+            command -v "$proof" >/dev/null
+        fi || echo "$package"
     done
 }
 
@@ -127,7 +131,7 @@ announce_packages() {
     "$@" >"$log" 2>&1 </dev/null || :
     count=$(sed -n 's/.* \([0-9]*\) newly installed.*/\1/p' "$log")
     size=$(sed -n 's/^Need to get \(.*\) of archives.*/\1/p' "$log")
-    step "$number" "$what: ${count:-some} packages, ${size/\// of } to download, about 2 min"
+    [[ -z $size ]] || step "$number" "$what: $count packages, ${size/\// of } to download, about 2 min"
 }
 
 apt_counter() {
