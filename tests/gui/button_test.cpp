@@ -58,10 +58,12 @@ TEST_F(ButtonTest, WorksWithoutImageFontAndSink) {
     button.SetFontColor(0xFF000000);
     button.MouseLButton(true);
     EXPECT_TRUE(button.MouseLButton(false)) << "outside its empty rectangle";
+    button.rect.x2 = 1;
+    EXPECT_FALSE(button.MouseLButton(false)) << "a click that nobody hears is no command";
     button.Update(1);
     button.Render();
     button.MoveWindow(1, 2, 3, 4, nullptr, true);
-    EXPECT_THAT(Edges(button.GetRect()), ElementsAre(0, 0, 0, 40));
+    EXPECT_THAT(Edges(button.GetRect()), ElementsAre(0, 0, 1, 40));
 }
 
 TEST_F(ButtonTest, ShowsTheFrameOfItsState) {

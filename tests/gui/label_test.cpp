@@ -69,6 +69,7 @@ TEST_F(LabelTest, CutsWhatDoesNotFitAndSaysSoWithDots) {
     } const kCases[] = {
         // 25 x 6 pixels; nine characters from the end leave 96.
         {100, std::wstring(25, L'a'), std::wstring(16, L'a') + L".."},
+        {96, std::wstring(25, L'a'), std::wstring(16, L'a') + L".."},
         {150, std::wstring(25, L'a'), std::wstring(25, L'a')},
         // Full-width forms leave one dot.
         {100, std::wstring(10, L'\uff01'), std::wstring(8, L'\uff01') + L"."},

@@ -177,15 +177,15 @@ TEST_F(FontTest, GlyphsAreWhiteWithTheCoverageInAlpha) {
 
 // An L fills its left and bottom edge: rows and columns lie as in the picture, also past GDI's padding.
 TEST_F(FontTest, GlyphRowsRunFromTheTop) {
-    for (int antialias : {0, 1}) {
-        auto font = MakeFont(37, 0, antialias);
+    for (int size : {35, 36, 37, 38, 39, 40, 41, 42}) {
+        auto font = MakeFont(size, 0, size % 2);
         const RecordingHge::Texture& glyph = Glyph(font, L"L");
         int width = glyph.width, height = glyph.height;
         for (int y = 1; y < height; ++y) {
             const DWORD* row = &glyph.pixels[static_cast<size_t>(y * width)];
-            EXPECT_EQ(*std::max_element(row, row + width / 3) >> 24, 255u) << "row " << y;
+            EXPECT_EQ(*std::max_element(row, row + width / 3) >> 24, 255u) << size << " px, row " << y;
             if (y < height / 2 || y == height - 2) {
-                EXPECT_EQ(row[width - 3] >> 24 == 0, y < height / 2) << "row " << y;
+                EXPECT_EQ(row[width - 3] >> 24 == 0, y < height / 2) << size << " px, row " << y;
             }
         }
     }
