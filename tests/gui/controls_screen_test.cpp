@@ -2,16 +2,14 @@
 
 #include <cstdio>
 #include <cstdlib>
-#include <fstream>
 #include <functional>
-#include <iterator>
 #include <memory>
 #include <new>
 
 #include "drill2d/controls.h"
 #include "drill2d/font.h"
 #include "drill2d/resources.h"
-#include "hgecounters.h"
+#include "support/framework_fixture.h"
 #include "support/picture.h"
 #include "text/code_page.h"
 #include "text/gdi_seams.h"
@@ -35,25 +33,18 @@ void operator delete(void* block, size_t /*size*/) noexcept {
 namespace {
 
 constexpr char kFace[] = "WenQuanYi Zen Hei";
+constexpr DWORD kGround = 0xFF202830;
 
-// The real framework with an 800 x 600 window, and strips of framed frames painted for the controls.
-class ScreenTest : public testing::Test {
+// Strips of framed frames are painted for the controls.
+class ScreenTest : public FrameworkTest {
  protected:
     static void SetUpTestSuite() {
-        hge_ = hgeCreate(HGE_VERSION);
-        hge_->System_SetState(HGE_WINDOWED, true);
-        hge_->System_SetState(HGE_USESOUND, false);
-        hge_->System_SetState(HGE_LOGFILE, "controls_screen.log");
-        ASSERT_TRUE(hge_->System_Initiate()) << hge_->System_GetErrorMessage();
+        FrameworkTest::SetUpTestSuite();
         WriteStrip("screen_button.png", 120, 40, {0x6080A0, 0x304050, 0x90B0D0, 0xFF00FF, 0x808080});
         WriteStrip("screen_box.png", 20, 20, {0x404040, 0x707070, 0x20A020, 0x60E060});
         WriteStrip("screen_label.png", 200, 40, {0x504030});
         WriteStrip("screen_panel.png", 260, 180, {0x305030});
         WriteStrip("screen_spark.png", 16, 16, {0xFFE040, 0xFF8000});
-    }
-    static void TearDownTestSuite() {
-        hge_->System_Shutdown();
-        hge_->Release();
     }
     static void WriteStrip(const char* name, int width, int height, const std::vector<uint32_t>& fills) {
         auto pixel = [&](int x, int y) {
@@ -65,32 +56,13 @@ class ScreenTest : public testing::Test {
         hge::Image strip = test::MakePicture(width * static_cast<int>(fills.size()), height, pixel);
         ASSERT_TRUE(hge::WriteImage(hge_->Resource_MakePath(name), strip, &reason)) << reason;
     }
-    static hge::Image ReadPicture(const std::string& path) {
-        std::ifstream file(path, std::ios::binary);
-        std::string bytes{std::istreambuf_iterator<char>(file), {}}, reason;
-        hge::Image image;
-        EXPECT_TRUE(hge::DecodeImage(bytes.data(), bytes.size(), &image, &reason)) << path << ": " << reason;
-        return image;
-    }
-    static hgeCounters Counters() {
-        hgeCounters counters = {};
-        hgeGetCounters(&counters);
-        return counters;
-    }
     // What drawing a frame added to the counters.
     static DWORD Draws(const std::function<void()>& draw) {
         DWORD before = Counters().draws;
-        EXPECT_TRUE(hge_->Gfx_BeginScene(0));
-        hge_->Gfx_Clear(0xFF202830);
-        draw();
-        hge_->Gfx_EndScene();
+        Scene(draw, kGround);
         return Counters().draws - before;
     }
-
-    static HGE* hge_;
 };
-
-HGE* ScreenTest::hge_ = nullptr;
 
 // Every control in every state, text in every manner.
 class ControlsScreen {
@@ -212,9 +184,7 @@ TEST_F(ScreenTest, EveryControlInEveryState) {
     if (!HasFace() || GetACP() != 936) GTEST_SKIP() << "needs " << kFace << " and code page 936";
     // Fonts are large: not on the stack.
     auto screen = std::make_unique<ControlsScreen>();
-    Draws([&] { screen->Draw(); });
-    hge_->System_Snapshot("controls_screen.png");
-    hge::Image actual = ReadPicture(hge_->Resource_MakePath("controls_screen.png"));
+    hge::Image actual = Picture([&] { screen->Draw(); }, kGround);
     EXPECT_TRUE(test::SamePicture("controls", actual, ReadPicture(GOLDEN_FOLDER "/controls.png"),
                                   {2, "blended colours round by one on some devices, twice at most"}));
 }

@@ -20,6 +20,7 @@ void FrameworkTest::SetUpTestSuite() {
     hge_ = hgeCreate(HGE_VERSION);
     ASSERT_NE(hge_, nullptr);
     hge_->System_SetState(HGE_WINDOWED, true);
+    hge_->System_SetState(HGE_USESOUND, false);
     hge_->System_SetState(HGE_LOGFILE, kLog);
     ASSERT_TRUE(hge_->System_Initiate()) << hge_->System_GetErrorMessage();
 }
@@ -29,20 +30,23 @@ void FrameworkTest::TearDownTestSuite() {
     hge_->Release();
 }
 
-void FrameworkTest::Scene(const std::function<void()>& draw) {
+void FrameworkTest::Scene(const std::function<void()>& draw, DWORD ground) {
     ASSERT_TRUE(hge_->Gfx_BeginScene(0));
-    hge_->Gfx_Clear(0xFF000000);
+    hge_->Gfx_Clear(ground);
     draw();
     hge_->Gfx_EndScene();
 }
 
-hge::Image FrameworkTest::Picture(const std::function<void()>& draw) {
-    Scene(draw);
+hge::Image FrameworkTest::Picture(const std::function<void()>& draw, DWORD ground) {
+    Scene(draw, ground);
     hge_->System_Snapshot(kPicture);
-    std::string bytes = FileBytes(hge_->Resource_MakePath(kPicture));
+    return ReadPicture(hge_->Resource_MakePath(kPicture));
+}
+
+hge::Image FrameworkTest::ReadPicture(const char* path) {
+    std::string bytes = FileBytes(path), reason;
     hge::Image image;
-    std::string reason;
-    EXPECT_TRUE(hge::DecodeImage(bytes.data(), bytes.size(), &image, &reason)) << reason;
+    EXPECT_TRUE(hge::DecodeImage(bytes.data(), bytes.size(), &image, &reason)) << path << ": " << reason;
     return image;
 }
 

@@ -14,10 +14,11 @@ class FrameworkTest : public testing::Test {
     static void SetUpTestSuite();
     static void TearDownTestSuite();
 
-    // One scene of the screen over opaque black.
-    static void Scene(const std::function<void()>& draw);
+    // One scene of the screen over a ground of one colour.
+    static void Scene(const std::function<void()>& draw, DWORD ground = 0xFF000000);
     // What the scene shows.
-    static hge::Image Picture(const std::function<void()>& draw);
+    static hge::Image Picture(const std::function<void()>& draw, DWORD ground = 0xFF000000);
+    static hge::Image ReadPicture(const char* path);
     static hgeCounters Counters();
     // The log so far.
     static std::string LogText();
