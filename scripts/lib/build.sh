@@ -23,10 +23,15 @@ configure() {
 }
 
 compile() {
-    local log=$build/logs/build.log count
-    count=$(ninja -C "$build" -n "$@" 2>/dev/null | grep -c '^\[') || :
-    ((count < 4)) || step 5 "Build: $count steps, about $((count / 60 + 1)) min"
+    local log=$build/logs/build.log late_title=build_title
     NINJA_STATUS='[%f/%t] ' watch "$log" build_counter nice ninja -C "$build" "$@" || build_failed "$log"
+}
+
+# How much there is to do shows when Ninja has begun.
+build_title() {
+    local count
+    count=$(tail -n 1 "$1" | sed -nE 's/^\[[0-9]+\/([0-9]+)\].*/\1/p')
+    step 5 "Build: ${count:-a few} steps, about $((${count:-0} / 60 + 1)) min"
 }
 
 build_counter() { tail -n 1 "$1" | sed -nE 's/^\[([0-9]+)\/([0-9]+)\].*/Build: \1 of \2 steps/p'; }

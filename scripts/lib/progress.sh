@@ -51,7 +51,8 @@ reason_in() {
 fail() { die "$1: $(reason_in "$2"); see $2"; }
 
 # watch LOG COUNTER COMMAND...: runs a tool with its output in a log. "COUNTER LOG" tells how far it is. On a
-# terminal that moves, elsewhere it is a line now and then. Returns the tool's status.
+# terminal that moves, elsewhere it is a line now and then. "$late_title LOG" announces a step that may be short.
+# Returns the tool's status.
 watch() {
     local log=$1 counter=$2 ticker status=0
     shift 2
@@ -70,6 +71,10 @@ watch() {
 tick() {
     local pause=10 text last=
     [[ -z $moving ]] || pause=0.3
+    if [[ ${late_title:-} ]]; then
+        sleep 1.5
+        "$late_title" "$1"
+    fi
     while sleep "$pause"; do
         text=$("$2" "$1" 2>/dev/null) || continue
         [[ -n $text && $text != "$last" ]] || continue

@@ -288,10 +288,17 @@ make_prefix() {
 fill_prefix() {
     local settings=$cache/wine/settings.reg
     { printf '\xff\xfe' && iconv -f utf-8 -t utf-16le "$root/scripts/prefix.reg"; } >"$settings" || return 1
-    # Wine's own user32 needs it, and a library that is none of Wine's is looked for here.
-    if [[ $choice == own ]]; then
-        mkdir -p "$WINEPREFIX/drive_c/windows/system32" &&
-            cp "$wine_root/usr/i686-w64-mingw32/lib/zlib1.dll" "$WINEPREFIX/drive_c/windows/system32/" || return 1
-    fi
+    add_zlib || return 1
     run_wine wineboot -i && run_wine reg import "$(windows_path "$settings")"
+}
+
+# The user32 of Debian's Wine needs a library that is none of Wine's own: it is looked for in the prefix.
+add_zlib() {
+    local folder
+    for folder in "$(dirname "$wine")/../i386-linux-gnu" /usr/lib/i386-linux-gnu; do
+        [[ -e $folder/wine/i386-windows/zlib1.dll ]] || continue
+        mkdir -p "$WINEPREFIX/drive_c/windows/system32" &&
+            cp "$folder/wine/i386-windows/zlib1.dll" "$WINEPREFIX/drive_c/windows/system32/"
+        return
+    done
 }
