@@ -54,6 +54,7 @@ run_example() {
 
 run_for_a_while() {
     local status=0 sleeper
+    [[ -z $headless ]] || wait_for_picture
     sleep "$seconds" &
     sleeper=$!
     wait -n "$sleeper" "$program_pid" || status=$?
@@ -65,6 +66,16 @@ run_for_a_while() {
     fi
     [[ -z $screenshot ]] || take_screenshot
     close_program
+}
+
+# On a screen of its own the time counts from when there is something to see: more than one colour.
+wait_for_picture() {
+    local tries
+    for ((tries = 0; tries < 50; tries++)); do
+        kill -0 "$program_pid" 2>/dev/null || return 0
+        [[ $(import -silent -window root -format %k info: 2>/dev/null) == 1 ]] || return 0
+        sleep 0.2
+    done
 }
 
 take_screenshot() {
