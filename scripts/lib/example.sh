@@ -40,7 +40,10 @@ run_example() {
     [[ -e $program ]] || die "building $example made no $program"
     # From here on another command may build: the program is started.
     exec 8>&-
-    [[ -z $headless ]] || start_screen
+    if [[ $headless ]]; then
+        start_screen
+        export WINE_LINGER=0
+    fi
     [[ -z $seconds ]] || say "Running $example for $seconds s ..."
     (cd "$build/bin" && exec "$root/scripts/wine-run" "$program") >"$build/logs/$example.log" 2>&1 </dev/null &
     program_pid=$!

@@ -56,6 +56,9 @@ settle_on_display() {
     [[ $(cat "$note" 2>/dev/null) != "$display" ]] || return 0
     env "${wine_environment[@]}" timeout 10 "$wine_server" -w 8>&- 9>&- >/dev/null 2>&1 || :
     { echo "$display" >"$note"; } 2>/dev/null || :
+    # A single program need not keep the next one waiting: its desktop may go with it.
+    [[ -z ${WINE_LINGER:-} ]] ||
+        env "${wine_environment[@]}" "$wine_server" "-p$WINE_LINGER" 8>&- 9>&- >/dev/null 2>&1 || :
 }
 
 # Ends what runs in the prefix in use.
