@@ -42,6 +42,16 @@ use_wine() {
             "LIBGL_DRIVERS_PATH=$libraries/dri"
             "WINESERVER=$wine_server")
     fi
+    offer_locale
+}
+
+# Wine takes the code page from the locale's name, which needs no such locale, but names files in Chinese only where
+# the C library has one. The data of any UTF-8 locale serve.
+offer_locale() {
+    local data=/usr/lib/locale/C.utf8
+    [[ -d $data ]] || return 0
+    mkdir -p "$cache/locale" 2>/dev/null && ln -sfn "$data" "$cache/locale/zh_CN.utf8" 2>/dev/null || return 0
+    wine_environment+=("LOCPATH=$cache/locale")
 }
 
 # Wine's server outlives the program: it must not inherit the locks.
