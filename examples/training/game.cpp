@@ -3,6 +3,10 @@
 #include <hgecounters.h>
 #include <psapi.h>
 
+#include <cwchar>
+
+#include "palette.h"
+
 namespace training {
 
 namespace {
@@ -46,6 +50,20 @@ void Game::OnFrame(float dt, int /*id*/) {
     scenes_.update_scene(dt);
     SwitchTo(stage_.TakeNext());
     TakeKeys();
+}
+
+void Game::OnRender() {
+    scenes_.render_scene();
+    DrawTimeLeft();
+}
+
+void Game::DrawTimeLeft() {
+    int seconds = stage_.SecondsLeft();
+    if (seconds < 0) return;
+    wchar_t clock[32];
+    std::swprintf(clock, std::size(clock), L"  %d:%02d", seconds / 60, seconds % 60);
+    stage_.GetFonts().Draw(Fonts::kSmall, Fonts::kRight, 776, 562, seconds < 60 ? kCoral : kMuted,
+                           stage_.Say(Text::kTimeLeft) + std::wstring(clock));
 }
 
 Scene* Game::Current() {

@@ -19,7 +19,7 @@ class Game : public I2DGameEngineSink {
 
     void OnInit() override;
     void OnFrame(float dt, int id) override;
-    void OnRender() override { scenes_.render_scene(); }
+    void OnRender() override;
     void OnLButtonDown(float x, float y) override { scenes_.mouse_lbdown(x, y); }
     void OnLButtonUp(float x, float y) override { scenes_.mouse_lbup(x, y); }
     void OnRButtonDown(float x, float y) override { scenes_.mouse_rbdown(x, y); }
@@ -31,6 +31,7 @@ class Game : public I2DGameEngineSink {
  private:
     void SwitchTo(SceneName name);
     void TakeKeys();
+    void DrawTimeLeft();
     void ChangeLanguage();
     void PlayByItself(float dt);
     Scene* Current();

@@ -145,7 +145,7 @@ lamp() {
     if [ "$4" = none ]; then convert -size 128x128 xc:none "PNG32:$work/light.png"; else glow 128 50 "$4" "$work/light.png"; fi
     shape 128 128 "$work/body.png" -fill '#05061a90' -draw 'circle 256,268 256,100' \
         -fill "$2" -stroke "$3" -strokewidth 12 -draw 'circle 256,256 256,94' \
-        -fill '#ffffff38' -stroke none -draw 'ellipse 216,178 74,40 0,360' \
+        -fill '#ffffff26' -stroke none -draw 'ellipse 216,178 74,40 0,360' \
         -fill none -stroke "$night" -strokewidth 28 -draw "stroke-linecap round stroke-linejoin round $5"
     convert "$work/light.png" "$work/body.png" -composite "PNG32:$1"
 }

@@ -123,9 +123,10 @@ void PlayScene::DrawTime() {
         bar_fill_.RenderStretch(kBarLeft + 4, kBarTop, kBarLeft + 4 + left * (kBarWidth - 8), kBarTop + 12);
 }
 
-const wchar_t* PlayScene::Message() {
+std::wstring PlayScene::Message() {
     Stage& stage = GetStage();
-    if (exercise_->Finished()) return stage.Say(Text::kResult);
+    if (exercise_->Finished()) return stage.Say(Text::kOver);
+    if (level_shown_ > 0) return stage.Say(Text::kLevel, exercise_->Result().level);
     if (exercise_->Answer() >= 0) return stage.Say(IsMemory() ? Text::kRepeat : Text::kHitIt);
     if (exercise_->TakesPresses()) return stage.Say(Text::kLeaveIt);
     return stage.Say(IsMemory() ? Text::kWatch : Text::kGetReady);

@@ -3,6 +3,7 @@
 #include <drill2d/resources.h>
 
 #include <memory>
+#include <string>
 
 #include "exercise_board.h"
 #include "logic/self_player.h"
@@ -28,7 +29,7 @@ class PlayScene : public Scene {
     void LogCue();
     void DrawHeader();
     void DrawTime();
-    const wchar_t* Message();
+    std::wstring Message();
     bool IsMemory() { return GetStage().Chosen() == ExerciseKind::kMemory; }
 
     CGameSprite background_, heart_, bar_back_, bar_fill_;

@@ -51,13 +51,13 @@ void ResultScene::render() {
     float grown = std::min(1.0f, time_ / 0.3f);
     star_.RenderEx(400, 126, 0.06f * std::sin(time_ * 2), grown, grown);
     bool best = stage.LastPlace() == 0;
-    fonts.Draw(Fonts::kBody, Fonts::kCentre, 400, 198, best ? kTeal : kInk,
+    fonts.Draw(Fonts::kBody, Fonts::kCentre, 400, 188, best ? kTeal : kInk,
                stage.Say(best ? Text::kNewBest : Text::kResult));
     float counted = std::min(1.0f, time_ / kCountSeconds);
     int score = static_cast<int>(static_cast<float>(result.score) * counted);
-    fonts.Draw(Fonts::kLarge, Fonts::kCentre, 400, 240, kAmber, stage.Say(Text::kScore, score));
-    fonts.Draw(Fonts::kBody, Fonts::kCentre, 400, 310, kInk, stage.Say(Text::kReached, result.level));
-    fonts.Draw(Fonts::kBody, Fonts::kCentre, 400, 344, kInk, stage.Say(Text::kAccuracy, result.Accuracy()));
+    fonts.Draw(Fonts::kLarge, Fonts::kCentre, 400, 228, kAmber, stage.Say(Text::kScore, score));
+    fonts.Draw(Fonts::kBody, Fonts::kCentre, 400, 298, kInk, stage.Say(Text::kReached, result.level));
+    fonts.Draw(Fonts::kBody, Fonts::kCentre, 400, 330, kInk, stage.Say(Text::kAccuracy, result.Accuracy()));
     DrawPlace();
 }
 
@@ -65,7 +65,7 @@ void ResultScene::DrawPlace() {
     Stage& stage = GetStage();
     int place = stage.LastPlace();
     std::wstring text = place < 0 ? stage.Say(Text::kNoPlace) : stage.Say(Text::kPlace, place + 1);
-    GetFonts().Draw(Fonts::kSmall, Fonts::kCentre, 400, 388, kMuted, text);
+    GetFonts().Draw(Fonts::kSmall, Fonts::kCentre, 400, 374, kMuted, text);
 }
 
 void ResultScene::PlayByItself(float dt) {

@@ -29,10 +29,10 @@ start_screen() {
     export DISPLAY=:$number
 }
 
-# start_program FILE.exe: runs it in its own folder; its process id is in $program.
+# start_program FILE.exe ARGUMENT...: runs it in its own folder; its process id is in $program.
 start_program() {
     cd "$(dirname "$1")"
-    "$WINE_RUN" "$1" &
+    "$WINE_RUN" "$@" &
     program=$!
     e2e_pids+=("$program")
 }

@@ -16,7 +16,7 @@ constexpr Entry kTexts[] = {
     {L"A short training for eye and memory", L"眼力与记忆的小训练"},
     {L"Reaction", L"反应训练"},
     {L"Memory", L"记忆训练"},
-    {L"Press the lamp that lights", L"点亮哪盏灯，就按哪盏灯"},
+    {L"Press the lamp that lights", L"哪盏灯亮，就按哪盏灯"},
     {L"Repeat the lamps in order", L"按顺序重复亮过的灯"},
     {L"Settings", L"设置"},
     {L"Sounds", L"音效"},
@@ -32,6 +32,7 @@ constexpr Entry kTexts[] = {
     {L"Your turn", L"轮到你了"},
     {L"Hit it!", L"快按！"},
     {L"Leave the red one", L"红灯不要按"},
+    {L"That was it", L"本轮结束"},
     {L"Well done", L"训练完成"},
     {L"New best!", L"新纪录！"},
     {L"Level reached  %d", L"达到级别  %d"},
@@ -40,6 +41,7 @@ constexpr Entry kTexts[] = {
     {L"Not among your best five yet", L"还没有进入最好的五次"},
     {L"Again", L"再来一次"},
     {L"Home", L"返回首页"},
+    {L"Time left", L"剩余时间"},
     {L"F12 picture    Esc quit", L"F12 截图    Esc 退出"},
 };
 static_assert(sizeof(kTexts) / sizeof(kTexts[0]) == static_cast<size_t>(Text::kCount), "a text is missing");

@@ -25,6 +25,7 @@ enum class Text {
     kRepeat,
     kHitIt,
     kLeaveIt,
+    kOver,
     kResult,
     kNewBest,
     kReached,   // takes a number
@@ -33,6 +34,7 @@ enum class Text {
     kNoPlace,
     kAgain,
     kHome,
+    kTimeLeft,
     kKeys,
     kCount
 };
