@@ -5,6 +5,21 @@
 
 namespace hge {
 
+namespace {
+
+struct GiveBack {
+    ResourceStore* store;
+    void operator()(void* block) const { store->Free(block); }
+};
+using LoadedFile = std::unique_ptr<void, GiveBack>;
+
+// Null without the file; the store has said why.
+LoadedFile LoadFile(ResourceStore& store, const char* name, uint32_t* size) {
+    return LoadedFile(store.Load(name, size), GiveBack{&store});
+}
+
+}  // namespace
+
 bool HgeImpl::Gfx_BeginScene(HTARGET target) {
     return Guarded("Gfx_BeginScene", [&] {
         if (!graphics_.BeginScene(target)) return false;
@@ -79,15 +94,9 @@ HTEXTURE HgeImpl::LoadTexture(const char* filename, DWORD size, bool mipmaps) {
         log_.Fail("cannot load texture \"%s\": the system is not initiated", name);
         return 0;
     }
-    auto give_back = [this](void* block) { resources_.Free(block); };
-    std::unique_ptr<void, decltype(give_back)> block(nullptr, give_back);
-    const void* bytes = filename;
     uint32_t length = size;
-    if (!size) {
-        block.reset(resources_.Load(filename, &length));
-        bytes = block.get();
-    }
-    // Without bytes the resources have said why.
+    LoadedFile file = size ? LoadedFile() : LoadFile(resources_, filename, &length);
+    const void* bytes = size ? filename : file.get();
     if (!bytes) return 0;
     Image image;
     std::string reason;
@@ -119,9 +128,10 @@ void HgeImpl::Texture_Unlock(HTEXTURE tex) {
 
 bool HgeImpl::Gfx_LoadEffect(const char* filename) {
     return Guarded("Gfx_LoadEffect", [&] {
-        log_.Fail("cannot load effect \"%s\": effects are not available in this build",
-                  filename ? filename : "");
-        return false;
+        graphics_.UnloadEffect();
+        uint32_t size = 0;
+        LoadedFile file = LoadFile(resources_, filename, &size);
+        return file && graphics_.LoadEffect(filename, file.get(), size);
     });
 }
 

@@ -152,6 +152,7 @@ bool HgeImpl::RunFrame() {
         return true;
     }
     pacer_.BeginFrame(FrameWaiter::Now());
+    graphics_.SetTime(pacer_.time());
     input_.BeginFrame();
     if (Call(HGE_FRAMEFUNC) || !initiated_) return false;
     Call(HGE_RENDERFUNC);

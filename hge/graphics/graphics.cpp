@@ -194,6 +194,7 @@ void Graphics::Stop() {
     for (HTARGET id : ids)
         impl_->targets.Remove(id);
     impl_->scene.Stop();
+    impl_->scene.effect().Unload();
     impl_->textures.Stop();
     impl_->screen.Destroy();
     impl_->device.Destroy();
@@ -263,7 +264,11 @@ void Graphics::RenderTriple(const hgeTriple* triple) {
 }
 
 void Graphics::RenderQuad(const hgeQuad* quad) {
-    if (quad && impl_->Drawing("Gfx_RenderQuad")) impl_->scene.Quad(Corners(quad->v), quad->tex, quad->blend);
+    if (!quad || !impl_->Drawing("Gfx_RenderQuad")) return;
+    if (quad->tex2 && impl_->scene.effect().loaded())
+        impl_->scene.QuadThroughEffect(Corners(quad->v), quad->tex, quad->tex2, quad->blend);
+    else
+        impl_->scene.Quad(Corners(quad->v), quad->tex, quad->blend);
 }
 
 hgeVertex* Graphics::StartBatch(int prim_type, HTEXTURE tex, int blend, int* max_prim) {
@@ -295,6 +300,23 @@ void Graphics::SetClipping(int x, int y, int w, int h) {
 
 void Graphics::SetTransform(float x, float y, float dx, float dy, float rot, float hscale, float vscale) {
     if (impl_->scene.open()) impl_->scene.SetTransform(Transform(x, y, dx, dy, rot, hscale, vscale));
+}
+
+bool Graphics::LoadEffect(const char* name, const void* bytes, size_t size) {
+    UnloadEffect();
+    if (impl_->running && !impl_->device_lost)
+        return impl_->scene.effect().Load(impl_->device, name, bytes, size, impl_->log);
+    impl_->log.Fail("cannot load effect \"%s\": the graphics do not run", name);
+    return false;
+}
+
+void Graphics::UnloadEffect() {
+    impl_->scene.Flush();
+    impl_->scene.effect().Unload();
+}
+
+void Graphics::SetTime(float seconds) {
+    impl_->scene.effect().SetTime(seconds);
 }
 
 HTARGET Graphics::CreateTarget(int width, int height, bool zbuffer) {

@@ -47,6 +47,13 @@ class Graphics {
     void SetClipping(int x, int y, int w, int h);
     void SetTransform(float x, float y, float dx, float dy, float rot, float hscale, float vscale);
 
+    // The shader for quads with a second texture, from the text of an effect file; false with the reason in
+    // the log, and no effect then. name is for the log.
+    bool LoadEffect(const char* name, const void* bytes, size_t size);
+    void UnloadEffect();
+    // Seconds of the program's clock, for the effect.
+    void SetTime(float seconds);
+
     HTARGET CreateTarget(int width, int height, bool zbuffer);
     void FreeTarget(HTARGET target);
     HTEXTURE TargetTexture(HTARGET target);

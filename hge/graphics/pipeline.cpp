@@ -1,10 +1,9 @@
 #include "graphics/pipeline.h"
 
-#include <d3dcompiler.h>
-
 #include <cfloat>
 #include <iterator>
 
+#include "graphics/shader_compiler.h"
 #include "graphics/shaders.h"
 #include "graphics/vertex.h"
 
@@ -13,18 +12,10 @@ namespace hge {
 namespace {
 
 ComPtr<ID3DBlob> Compile(const char* entry, const char* model, Log& log) {
-    ComPtr<ID3DBlob> code;
-    ComPtr<ID3DBlob> messages;
-    HRESULT result = D3DCompile(kShaderSource, sizeof kShaderSource - 1, nullptr, nullptr, nullptr, entry,
-                                model, 0, 0, code.Put(), messages.Put());
-    if (SUCCEEDED(result)) return code;
-    // The text need not end with a NUL.
-    std::string text;
-    if (messages)
-        text.assign(static_cast<const char*>(messages->GetBufferPointer()), messages->GetBufferSize());
-    log.Fail("graphics: shader %s does not compile (%s): %s", entry, ResultText(result).c_str(),
-             text.c_str());
-    return {};
+    std::string reason;
+    ComPtr<ID3DBlob> code = CompileShader(kShaderSource, nullptr, entry, model, &reason);
+    if (!code) log.Fail("graphics: shader %s does not compile: %s", entry, reason.c_str());
+    return code;
 }
 
 D3D11_INPUT_ELEMENT_DESC Element(const char* name, UINT index, DXGI_FORMAT format, UINT offset) {
@@ -81,6 +72,11 @@ bool Pipeline::CreateStates(const Device& device) {
     over.BlendOp = over.BlendOpAlpha = D3D11_BLEND_OP_ADD;
     over.RenderTargetWriteMask = D3D11_COLOR_WRITE_ENABLE_ALL;
 
+    D3D11_BLEND_DESC add = blend;
+    auto& light = add.RenderTarget[0];
+    light.DestBlend = light.DestBlendAlpha = D3D11_BLEND_ONE;
+    light.SrcBlendAlpha = D3D11_BLEND_ZERO;
+
     D3D11_RASTERIZER_DESC raster{};
     raster.FillMode = D3D11_FILL_SOLID;
     raster.CullMode = D3D11_CULL_NONE;
@@ -95,6 +91,7 @@ bool Pipeline::CreateStates(const Device& device) {
     }
     return SUCCEEDED(device->CreateBuffer(&constants, nullptr, constants_.Put())) &&
            SUCCEEDED(device->CreateBlendState(&blend, blend_.Put())) &&
+           SUCCEEDED(device->CreateBlendState(&add, add_.Put())) &&
            SUCCEEDED(device->CreateRasterizerState(&raster, raster_.Put()));
 }
 
@@ -130,8 +127,8 @@ void Pipeline::Bind(const Device& device) {
 void Pipeline::SetSurface(const Device& device, const Surface& surface) {
     ID3D11DeviceContext* context = device.context();
     // A target that was drawn from cannot be drawn to before it is let go.
-    ID3D11ShaderResourceView* nothing = nullptr;
-    context->PSSetShaderResources(0, 1, &nothing);
+    ID3D11ShaderResourceView* nothing[2] = {};
+    context->PSSetShaderResources(0, std::size(nothing), nothing);
     ID3D11RenderTargetView* color = surface.color.Get();
     context->OMSetRenderTargets(1, &color, surface.depth.Get());
     auto width = static_cast<float>(surface.width);
@@ -158,6 +155,17 @@ void Pipeline::SetSource(const Device& device, const TextureSource& source, bool
     device.context()->PSSetShader(source.premultiplied ? premultiplied_.Get() : straight_.Get(), nullptr, 0);
     device.context()->PSSetShaderResources(0, 1, &view);
     device.context()->PSSetSamplers(0, 1, &sampler);
+}
+
+void Pipeline::SetEffectSources(const Device& device, const TextureSource& first, const TextureSource& second,
+                                bool filter, bool add) {
+    ID3D11SamplerState* samplers[] = {Sampler(first, filter), Sampler(second, filter)};
+    device.context()->PSSetSamplers(0, std::size(samplers), samplers);
+    device.context()->OMSetBlendState(add ? add_.Get() : blend_.Get(), nullptr, 0xFFFFFFFF);
+}
+
+void Pipeline::EndEffect(const Device& device) {
+    device.context()->OMSetBlendState(blend_.Get(), nullptr, 0xFFFFFFFF);
 }
 
 void Pipeline::SetDepth(const Device& device, bool write) {

@@ -17,6 +17,10 @@ class Pipeline {
     void SetSurface(const Device& device, const Surface& surface);
     void SetClip(const Device& device, const Box& clip);
     void SetSource(const Device& device, const TextureSource& source, bool filter);
+    // How an effect, whose shader and textures are set already, samples and blends; until EndEffect.
+    void SetEffectSources(const Device& device, const TextureSource& first, const TextureSource& second,
+                          bool filter, bool add);
+    void EndEffect(const Device& device);
     // Depth is tested only where the surface has any.
     void SetDepth(const Device& device, bool write);
 
@@ -34,6 +38,7 @@ class Pipeline {
     ComPtr<ID3D11InputLayout> layout_;
     ComPtr<ID3D11Buffer> constants_;
     ComPtr<ID3D11BlendState> blend_;
+    ComPtr<ID3D11BlendState> add_;
     ComPtr<ID3D11RasterizerState> raster_;
     ComPtr<ID3D11DepthStencilState> depth_[kDepthStates];
     ComPtr<ID3D11SamplerState> samplers_[2][2][2];  // filter, wrap, mipmaps

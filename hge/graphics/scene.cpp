@@ -25,8 +25,8 @@ Scene::Scene(Log& log, const Device& device, TextureStore& textures)
 bool Scene::Start() {
     Stop();
     if (!pipeline_.Create(device_, log_)) return false;
-    if (!ring_.Create(device_)) {
-        log_.Fail("graphics: the device refuses the vertex buffer");
+    if (!ring_.Create(device_) || !effect_.Restore(device_)) {
+        log_.Fail("graphics: the device refuses the vertex buffer or the effect");
         return false;
     }
     pipeline_.Bind(device_);
@@ -37,6 +37,7 @@ bool Scene::Start() {
 void Scene::Stop() {
     open_ = false;
     surface_ = {};
+    effect_.Release();
     ring_.Destroy();
     pipeline_.Destroy();
 }
@@ -150,6 +151,45 @@ void Scene::Submit(const Vertex* corners, uint32_t id, int blend) {
     texture->batch = textures_.batch();
     ++quads_;
     if (ring_.full()) Flush();
+}
+
+bool Scene::MakeInput(uint32_t id, bool tiled, EffectInput* input) {
+    Texture* texture = FindTexture(id);
+    if (!texture) return false;
+    input->source = textures_.Prepare(*texture, id && tiled);
+    if (!input->source) RefuseRoom();
+    input->placement = texture->placement;
+    input->width = texture->width;
+    input->height = texture->height;
+    return input->source != nullptr;
+}
+
+// A draw call of its own: what it is told of its textures holds for one pair of them.
+void Scene::QuadThroughEffect(const Vertex* corners, uint32_t first, uint32_t second, int blend) {
+    Vertex moved[4];
+    std::memcpy(moved, corners, sizeof moved);
+    for (Vertex& corner : moved)
+        MoveCorner(&corner);
+    QuadKind kind = Classify(moved);
+    if (kind == QuadKind::kNonsense) return RefuseNonsense();
+    Flush();
+    EffectInput inputs[2];
+    bool tiled = kind == QuadKind::kTiled;
+    if (!MakeInput(first, tiled, &inputs[0]) || !MakeInput(second, tiled, &inputs[1])) return;
+    DeviceVertex* room = ring_.Next(device_);
+    if (!room) return RefuseRoom();
+    WriteQuad(moved, Placement(), 0, room);
+    DrawThroughEffect(inputs[0], inputs[1], blend);
+    ++quads_;
+}
+
+void Scene::DrawThroughEffect(const EffectInput& first, const EffectInput& second, int blend) {
+    effect_.Bind(device_, first, second, surface_);
+    pipeline_.SetEffectSources(device_, *first.source, *second.source, filter_, !(blend & BLEND_ALPHABLEND));
+    pipeline_.SetDepth(device_, blend & BLEND_ZWRITE);
+    ring_.Draw(device_);
+    pipeline_.EndEffect(device_);
+    ++draws_;
 }
 
 void Scene::Line(const Vertex& from, const Vertex& to, uint32_t texture, int blend) {

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "graphics/effect.h"
 #include "graphics/pipeline.h"
 #include "graphics/quad_ring.h"
 #include "graphics/texture_store.h"
@@ -37,6 +38,10 @@ class Scene {
             SubmitMoved(corners, texture, blend);
     }
 
+    // Through the effect, which must be loaded.
+    void QuadThroughEffect(const Vertex* corners, uint32_t first, uint32_t second, int blend);
+    Effect& effect() { return effect_; }
+
     DWORD draws() const { return draws_; }
     DWORD quads() const { return quads_; }
     DWORD maps() const { return ring_.maps(); }
@@ -51,12 +56,15 @@ class Scene {
     void RefuseRoom();
     void MoveCorner(Vertex* corner) const { transform_.Apply(&corner->x, &corner->y); }
     DeviceVertex* Room(const TextureSource* source, bool write_depth);
+    bool MakeInput(uint32_t id, bool tiled, EffectInput* input);
+    void DrawThroughEffect(const EffectInput& first, const EffectInput& second, int blend);
 
     Log& log_;
     const Device& device_;
     TextureStore& textures_;
     Pipeline pipeline_;
     QuadRing ring_;
+    Effect effect_;
     Surface surface_;
     uint32_t target_ = 0;
     bool open_ = false;
