@@ -1,8 +1,5 @@
-#include <ctime>
-#include <sstream>
-#include <string>
-
 #include "drill2d/engine.h"
+#include "engine/screenshot_name.h"
 
 namespace {
 
@@ -16,14 +13,6 @@ bool IsTooSoon() {
     if (g_last_shot_tick != 0 && now - g_last_shot_tick < kMillisecondsBetweenShots) return true;
     g_last_shot_tick = now;
     return false;
-}
-
-// A character that the code page lacks becomes "_", which file names may hold.
-std::string ToAnsi(const wchar_t* text) {
-    char buffer[16] = {};
-    WideCharToMultiByte(CP_ACP, 0, text, -1, buffer, sizeof buffer, GetACP() == CP_UTF8 ? nullptr : "_",
-                        nullptr);
-    return buffer;
 }
 
 // Where the last backslash of a path ends; 0 without one. Steps by character: in a double-byte code page the
@@ -51,17 +40,6 @@ unsigned long long MicrosecondsSince1970() {
     return (ticks - kTicksFrom1601To1970) / 10;
 }
 
-std::string FileName(const char* prefix) {
-    __time64_t now = _time64(nullptr);
-    const tm* local = _localtime64(&now);
-    std::ostringstream name;
-    name << (prefix ? prefix : "") << local->tm_year + 1900 << ToAnsi(L"\u5e74") << local->tm_mon + 1
-         << ToAnsi(L"\u6708") << local->tm_mday << ToAnsi(L"\u65e5") << ' ' << local->tm_hour
-         << ToAnsi(L"\u65f6") << local->tm_min << ToAnsi(L"\u5206") << local->tm_sec << ToAnsi(L"\u79d2")
-         << '_' << MicrosecondsSince1970() << ".bmp";
-    return name.str();
-}
-
 void CreateFolders(std::string path) {
     for (const char* at = path.c_str(); *at; at = CharNextA(at)) {
         if (*at != '\\') continue;
@@ -77,7 +55,13 @@ void C2DGameEngine::saveImage(const char* dir) {
     if (!m_pGui || IsTooSoon()) return;
     std::string folder = ProgramFolder();
     if (folder.empty()) return;
-    std::string file = FileName(dir);
+    __time64_t now = _time64(nullptr);
+    const tm* local = _localtime64(&now);
+    if (!local) {
+        m_pHge->System_Log("no screenshot: the system's clock shows no date");
+        return;
+    }
+    std::string file = ScreenshotName(dir, *local, MicrosecondsSince1970(), CP_ACP);
     folder += "pic\\";
     CreateFolders(folder);
     m_pHge->System_Snapshot((folder + file).c_str());

@@ -1,0 +1,151 @@
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include "engine/recording_sink.h"
+#include "engine/screenshot_name.h"
+#include "support/clock_seams.h"
+#include "support/win32_seams.h"
+
+using testing::ElementsAre;
+using testing::IsEmpty;
+
+namespace {
+
+constexpr unsigned kChinese = 936, kTraditional = 950, kWestern = 1252;
+constexpr long long kMay7 = 1367888584;  // 2013-05-07 01:03:04 UTC
+constexpr int kChina = 8 * 3600;
+
+std::tm At(int year, int month, int day, int hour, int minute, int second) {
+    std::tm time{};
+    time.tm_year = year - 1900;
+    time.tm_mon = month - 1;
+    time.tm_mday = day;
+    time.tm_hour = hour;
+    time.tm_min = minute;
+    time.tm_sec = second;
+    return time;
+}
+
+TEST(ScreenshotName, HasThePartsOfTheDateWithoutLeadingZeros) {
+    struct {
+        const char* prefix;
+        std::tm time;
+        unsigned long long microseconds;
+        const char* name;
+    } const kCases[] = {
+        {"shot", At(2013, 5, 7, 9, 3, 4), 1367888584000123, "shot2013y5m7d 9h3n4s_1367888584000123.bmp"},
+        {"", At(1999, 12, 31, 23, 59, 59), 1, "1999y12m31d 23h59n59s_1.bmp"},
+        {nullptr, At(2000, 1, 1, 0, 0, 0), 0, "2000y1m1d 0h0n0s_0.bmp"},
+        {"a\\b ", At(2024, 2, 29, 12, 30, 60), 99, "a\\b 2024y2m29d 12h30n60s_99.bmp"},
+    };
+    // The ideographs by letters, so that the table can be read.
+    const std::pair<const char*, char> kLetters[] = {{"\xe5\xb9\xb4", 'y'}, {"\xe6\x9c\x88", 'm'},
+                                                     {"\xe6\x97\xa5", 'd'}, {"\xe6\x97\xb6", 'h'},
+                                                     {"\xe5\x88\x86", 'n'}, {"\xe7\xa7\x92", 's'}};
+    for (const auto& c : kCases) {
+        std::string name = ScreenshotName(c.prefix, c.time, c.microseconds, CP_UTF8);
+        for (auto [ideograph, letter] : kLetters) {
+            size_t at = name.find(ideograph);
+            ASSERT_NE(at, name.npos) << name;
+            name.replace(at, 3, 1, letter);
+        }
+        EXPECT_EQ(name, c.name);
+    }
+}
+
+TEST(ScreenshotName, WritesItsIdeographsInTheCodePage) {
+    auto name = [](unsigned code_page) { return ScreenshotName("x", At(1, 2, 3, 4, 5, 6), 7, code_page); };
+    EXPECT_EQ(name(kChinese),
+              "x1\xc4\xea"
+              "2\xd4\xc2"
+              "3\xc8\xd5 4\xca\xb1"
+              "5\xb7\xd6"
+              "6\xc3\xeb_7.bmp");
+    EXPECT_EQ(name(kTraditional),
+              "x1\xa6\x7e"
+              "2\xa4\xeb"
+              "3\xa4\xe9 4_5\xa4\xc0"
+              "6\xac\xed_7.bmp");
+    EXPECT_EQ(name(kWestern), "x1_2_3_ 4_5_6__7.bmp");
+    EXPECT_EQ(name(CP_ACP), name(GetACP()));
+}
+
+std::string ProgramFolder() {
+    char path[MAX_PATH];
+    GetModuleFileNameA(nullptr, path, MAX_PATH);
+    return std::string(path, strrchr(path, '\\') + 1);
+}
+
+bool IsFolder(const std::string& path) {
+    DWORD attributes = GetFileAttributesA(path.c_str());
+    return attributes != INVALID_FILE_ATTRIBUTES && attributes & FILE_ATTRIBUTE_DIRECTORY;
+}
+
+// The time of the last shot is the process's own: every test goes on from where the last one was.
+class ScreenshotTest : public testing::Test {
+ protected:
+    static void SetUpTestSuite() {
+        Recording().Reset();
+        Recording().on_start = [] { return true; };
+        Engine()->InitHge(800, 600, "screenshots", false);
+    }
+    void SetUp() override {
+        now_ += 100000;
+        win32_seams::SetTick(now_);
+        clock_seams::Set(kMay7, 123, kChina);
+        Recording().ClearCalls();
+    }
+    static I2DGameEngine* Engine() { return C2DGameEngine::Get2DGameEngineInstance(); }
+    static std::vector<std::string> Shots() { return Recording().CallsMatching("System_Snapshot"); }
+    // The call that takes a shot of this prefix, time of kMay7 with these microseconds.
+    static std::string Shot(const char* prefix, int microseconds) {
+        return "System_Snapshot(\"" + ProgramFolder() + "pic\\" +
+               ScreenshotName(prefix, At(2013, 5, 7, 9, 3, 4), kMay7 * 1000000ull + microseconds, CP_ACP) +
+               "\")";
+    }
+
+    static DWORD now_;
+};
+
+DWORD ScreenshotTest::now_ = 0;
+
+TEST_F(ScreenshotTest, GoesIntoAFolderBesideTheProgramUnderTheLocalTime) {
+    RemoveDirectoryA((ProgramFolder() + "pic").c_str());
+    Engine()->saveImage("shot");
+    EXPECT_THAT(Shots(), ElementsAre(Shot("shot", 123)));
+    EXPECT_TRUE(IsFolder(ProgramFolder() + "pic"));
+    now_ += 300;
+    win32_seams::SetTick(now_);
+    Engine()->saveImage("a\\b");
+    EXPECT_THAT(Shots(), ElementsAre(Shot("shot", 123), Shot("a\\b", 123)));
+    EXPECT_FALSE(IsFolder(ProgramFolder() + "pic\\a")) << "the folders of a prefix are the host's";
+    RemoveDirectoryA((ProgramFolder() + "pic").c_str());
+}
+
+TEST_F(ScreenshotTest, OneIsTakenIn300Milliseconds) {
+    // Ticks start anew after 2^32.
+    for (DWORD start : {now_, DWORD{0xFFFFFFFF} - 100}) {
+        Recording().ClearCalls();
+        win32_seams::SetTick(start);
+        Engine()->saveImage("a");
+        win32_seams::SetTick(start + 299);
+        Engine()->saveImage("b");
+        EXPECT_THAT(Shots(), ElementsAre(Shot("a", 123))) << start;
+        win32_seams::SetTick(start + 300);
+        clock_seams::Set(kMay7, 300123, kChina);
+        Engine()->saveImage("a");
+        EXPECT_THAT(Shots(), ElementsAre(Shot("a", 123), Shot("a", 300123)))
+            << "a name of its own in the same second";
+        clock_seams::Set(kMay7, 123, kChina);
+    }
+}
+
+TEST_F(ScreenshotTest, AClockWithoutADateGivesALineInTheLog) {
+    clock_seams::Set(-5, 0, 0);
+    Engine()->saveImage(nullptr);
+    EXPECT_THAT(Shots(), IsEmpty());
+    EXPECT_THAT(Recording().CallsMatching("System_Log"),
+                ElementsAre(testing::HasSubstr("the system's clock shows no date")));
+}
+
+}  // namespace
