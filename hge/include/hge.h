@@ -305,8 +305,8 @@ struct HGE {
                                      int width = 0, int height = 0) = 0;
     virtual void CALL Texture_Unlock(HTEXTURE tex) = 0;
 
-    // Loads the shader for quads with a second texture in place of the one before; false on failure: such quads
-    // are drawn without their second texture then.
+    // Loads the shader for quads with a second texture in place of the one before. False on failure: such
+    // quads are drawn without their second texture then.
     virtual bool CALL Gfx_LoadEffect(const char* filename) = 0;
 
  protected:
