@@ -9,4 +9,10 @@ set(CMAKE_FIND_ROOT_PATH_MODE_LIBRARY ONLY)
 set(CMAKE_FIND_ROOT_PATH_MODE_INCLUDE ONLY)
 set(CMAKE_FIND_ROOT_PATH_MODE_PACKAGE BOTH)
 # Programs built here run under the Wine of ./test and ./run.
-set(CMAKE_CROSSCOMPILING_EMULATOR ${CMAKE_CURRENT_LIST_DIR}/../scripts/wine-run)
+if(EXISTS ${CMAKE_CURRENT_LIST_DIR}/../scripts/wine-run)
+    set(CMAKE_CROSSCOMPILING_EMULATOR ${CMAKE_CURRENT_LIST_DIR}/../scripts/wine-run)
+endif()
+# In the SDK this file stands beside the package.
+if(EXISTS ${CMAKE_CURRENT_LIST_DIR}/../lib/cmake/drill2d)
+    list(APPEND CMAKE_PREFIX_PATH ${CMAKE_CURRENT_LIST_DIR}/..)
+endif()

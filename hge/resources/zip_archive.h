@@ -25,6 +25,8 @@ class ZipArchive {
     Block Read(const ZipEntry& entry, const std::string& password, std::string* reason);
 
     size_t entry_count() const { return directory_.entries.size(); }
+    // In the archive's order.
+    const std::vector<ZipEntry>& entries() const { return directory_.entries; }
 
  private:
     explicit ZipArchive(std::unique_ptr<ByteSource> source) : source_(std::move(source)) {}

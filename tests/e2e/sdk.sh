@@ -1,0 +1,31 @@
+#!/usr/bin/env bash
+# What a new user does: unpacks the archive, copies the template, builds and plays it. $1: the archive.
+set -euo pipefail
+. "$(dirname "$0")/lib.sh"
+work=$(mktemp -d)
+trap 'e2e_cleanup; rm -rf "$work"' EXIT
+
+echo "the archive holds stripped DLLs and no path of the machine that made it"
+(cd "$work" && cmake -E tar xf "$1")
+sdk=$(echo "$work"/drill2d-*)
+for dll in hge drill2d; do
+    ! i686-w64-mingw32-objdump -h "$sdk/bin/$dll.dll" | grep -q '\.debug' || fail "$dll.dll has debug information"
+done
+! grep -rl "$(cd "$(dirname "$0")/../.." && pwd)" "$sdk" || fail "the build's folder is named in it"
+
+echo "the template builds"
+cp -r "$sdk/examples/template" "$work/game"
+cd "$work/game"
+cmake -G Ninja -B build --toolchain "$sdk/cmake/mingw-w64-i686.cmake" >"$work/log" || { cat "$work/log"; fail "configuring"; }
+cmake --build build >"$work/log" || { cat "$work/log"; fail "building"; }
+
+echo "without the toolchain file the package says what is wrong"
+! cmake -G Ninja -B native -DCMAKE_PREFIX_PATH="$sdk" >"$work/log" 2>&1 || fail "a native build was configured"
+tr -s ' \n' ' ' <"$work/log" | grep -q 'give --toolchain cmake/mingw-w64-i686.cmake' || { cat "$work/log"; fail "no word of it"; }
+
+echo "it shows its picture"
+start_screen 800x600
+start_program "$PWD/build/game.exe"
+shows() { [ "$(import -window root txt:- | grep "^$1,$2:" | grep -o '#[0-9A-F]*')" = "$3" ]; }
+wait_for 30 shows 180 290 '#E07A5F'
+end_program
