@@ -36,7 +36,7 @@ configure_package_config_file(${CMAKE_SOURCE_DIR}/cmake/drill2dConfig.cmake.in
     ${CMAKE_CURRENT_BINARY_DIR}/drill2dConfig.cmake INSTALL_DESTINATION ${package_dir})
 # Before 1.0 a minor version may change the interface.
 write_basic_package_version_file(${CMAKE_CURRENT_BINARY_DIR}/drill2dConfigVersion.cmake
-    COMPATIBILITY SameMinorVersion)
+    COMPATIBILITY SameMinorVersion ARCH_INDEPENDENT)
 install(FILES
     ${CMAKE_CURRENT_BINARY_DIR}/drill2dConfig.cmake
     ${CMAKE_CURRENT_BINARY_DIR}/drill2dConfigVersion.cmake
@@ -63,8 +63,12 @@ set(CPACK_PACKAGE_DIRECTORY ${CMAKE_BINARY_DIR}/archive)
 set(CPACK_VERBATIM_VARIABLES ON)
 set(archive ${CPACK_PACKAGE_DIRECTORY}/${CPACK_PACKAGE_FILE_NAME}.zip)
 include(CPack)
+# Names beyond ASCII are lost where the locale knows ASCII only.
+if(NOT CMAKE_HOST_WIN32)
+    set(with_utf8 ${CMAKE_COMMAND} -E env LC_ALL=C.UTF-8)
+endif()
 add_custom_command(OUTPUT ${archive}
-    COMMAND ${CMAKE_CPACK_COMMAND} --config ${CMAKE_BINARY_DIR}/CPackConfig.cmake
+    COMMAND ${with_utf8} ${CMAKE_CPACK_COMMAND} --config ${CMAKE_BINARY_DIR}/CPackConfig.cmake
     DEPENDS ${CMAKE_BINARY_DIR}/sdk.stamp
     COMMENT "Packing the SDK"
     VERBATIM)

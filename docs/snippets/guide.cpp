@@ -78,7 +78,9 @@ class Guide : public I2DGameEngineSink {
         if (!engine_->IsEnableFx()) Draw();
     }
     void OnRenderTarget() override { Draw(); }
-    void OnRenderTarget1() override { picture_->RenderEx(400, 300, 0.5f, 1, 1); }
+    void OnRenderTarget1() override {
+        picture_->RenderEx(400, 300, 0.5f, 1, 1);  // turned, radians
+    }
     void OnLButtonDown(float x, float y) override { scenes_.mouse_lbdown(x, y); }
     void OnLButtonUp(float x, float y) override { scenes_.mouse_lbup(x, y); }
     void OnRButtonDown(float x, float y) override { scenes_.mouse_rbdown(x, y); }

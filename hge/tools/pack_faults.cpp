@@ -55,8 +55,7 @@ std::string PictureFault(const Block& block) {
 std::string SoundFault(const Block& block) {
     const uint8_t* bytes = block.bytes.get();
     std::string reason;
-    auto reader =
-        OpenSound(std::make_shared<const std::vector<uint8_t>>(bytes, bytes + block.size), &reason);
+    auto reader = OpenSound(std::make_shared<const std::vector<uint8_t>>(bytes, bytes + block.size), &reason);
     if (reader && DecodeSound(*reader, &reason)) return {};
     return "it does not decode as a sound: " + reason;
 }

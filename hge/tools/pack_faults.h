@@ -13,8 +13,8 @@ struct PackFault {
     std::string reason;
 };
 
-// Looks up, reads and decodes every entry the way a program does that asks for it by its name. Pictures, sounds
-// and what cannot come from a pack are told by their extensions. password: "" for none.
+// Looks up, reads and decodes every entry the way a program does that asks for it by its name. Pictures,
+// sounds and what cannot come from a pack are told by their extensions. password: "" for none.
 std::vector<PackFault> FindPackFaults(ZipArchive& archive, const std::string& password,
                                       const CodePage& code_page);
 

@@ -1,5 +1,5 @@
-// packcheck PACK.zip [PASSWORD]: says which of a pack's files a program could not load, and why. Ends with 0 when
-// all load, 1 when some do not, 2 when the pack itself cannot be read. Writes UTF-8.
+// packcheck PACK.zip [PASSWORD]: says which of a pack's files a program could not load, and why. Ends with 0
+// when all load, 1 when some do not, 2 when the pack itself cannot be read. Writes UTF-8.
 
 #include <windows.h>
 
@@ -16,8 +16,8 @@ std::string Convert(const std::string& text, UINT from, DWORD flags) {
     wide.resize(static_cast<size_t>(MultiByteToWideChar(from, flags, text.data(), size, wide.data(), size)));
     int length = static_cast<int>(wide.size());
     std::string utf8(wide.size() * 3, '\0');
-    utf8.resize(static_cast<size_t>(WideCharToMultiByte(
-        CP_UTF8, 0, wide.data(), length, utf8.data(), static_cast<int>(utf8.size()), nullptr, nullptr)));
+    utf8.resize(static_cast<size_t>(WideCharToMultiByte(CP_UTF8, 0, wide.data(), length, utf8.data(),
+                                                        static_cast<int>(utf8.size()), nullptr, nullptr)));
     return utf8;
 }
 
@@ -44,8 +44,8 @@ int Check(const std::string& path, const std::string& password) {
     if (faults.empty())
         std::printf("%s: %u files, all load\n", name.c_str(), files);
     else
-        std::printf("%s: %u of %u files would not load\n", name.c_str(),
-                    static_cast<unsigned>(faults.size()), files);
+        std::printf("%s: %u of %u files would not load\n", name.c_str(), static_cast<unsigned>(faults.size()),
+                    files);
     return faults.empty() ? 0 : 1;
 }
 

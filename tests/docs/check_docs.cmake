@@ -1,3 +1,4 @@
+cmake_minimum_required(VERSION 3.25)
 # Each block of code in README.md and docs/*.md must stand in a file that is built, but for its indentation; each
 # relative link must lead to a file.
 set(languages cpp hlsl cmake)

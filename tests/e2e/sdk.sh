@@ -26,6 +26,6 @@ tr -s ' \n' ' ' <"$work/log" | grep -q 'give --toolchain cmake/mingw-w64-i686.cm
 echo "it shows its picture"
 start_screen 800x600
 start_program "$PWD/build/game.exe"
-shows() { [ "$(import -window root txt:- | grep "^$1,$2:" | grep -o '#[0-9A-F]*')" = "$3" ]; }
-wait_for 30 shows 180 290 '#E07A5F'
+shows() { [ "$(import -window root -crop "1x1+$1+$2" -depth 8 rgb:- | od -An -tu1 | tr -s ' ')" = " $3" ]; }
+wait_for 30 shows 180 290 '224 122 95'
 end_program
