@@ -117,9 +117,12 @@ get_root_rights() {
 }
 
 finish_interrupted_install() {
-    local log=$cache/logs/dpkg.log
+    local log=$cache/logs/dpkg.log broken
     [[ -e $cache/tools.unfinished || -n $(ls /var/lib/dpkg/updates 2>/dev/null) ]] || return 0
     step 1 "Tools: finishing an interrupted installation, under a minute"
+    # A package that was cut off while it was unpacked can only be unpacked again.
+    mapfile -t broken < <(dpkg-query -W -f '${db:Status-Eflag} ${binary:Package}\n' | sed -n 's/^reinstreq //p')
+    ((${#broken[@]} == 0)) || watch "$log" no_counter apt install -y --reinstall --no-install-recommends "${broken[@]}" || :
     watch "$log" no_counter as_root env DEBIAN_FRONTEND=noninteractive dpkg --force-confold --configure -a || :
     watch "$log" no_counter apt install -y --no-install-recommends --fix-broken || :
 }
