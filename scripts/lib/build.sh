@@ -29,9 +29,13 @@ compile() {
 
 # How much there is to do shows when Ninja has begun.
 build_title() {
-    local count
-    count=$(tail -n 1 "$1" | sed -nE 's/^\[[0-9]+\/([0-9]+)\].*/\1/p')
-    step 5 "Build: ${count:-a few} steps, about $((${count:-0} / 60 + 1)) min"
+    local count=0 tries
+    # Its first two steps only look whether CMake has to run again.
+    for ((tries = 0; tries < 40 && count <= 2; tries++)); do
+        count=$(tail -n 1 "$1" | sed -nE 's/^\[[0-9]+\/([0-9]+)\].*/\1/p')
+        ((${count:=0} > 2)) || sleep 0.5
+    done
+    step 5 "Build: $count steps, about $((count / 60 + 1)) min"
 }
 
 build_counter() { tail -n 1 "$1" | sed -nE 's/^\[([0-9]+)\/([0-9]+)\].*/Build: \1 of \2 steps/p'; }
