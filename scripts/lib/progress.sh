@@ -35,10 +35,12 @@ free_megabytes() { df -Pm "$1" 2>/dev/null | awk 'NR == 2 { print $4 }'; }
 # The one sentence that a failed tool's log boils down to.
 reason_in() {
     local log=$1 line
+    # A package is unknown when its list could not be had.
+    if [[ -e $log.update ]] && grep -q '^E: Unable to locate' "$log"; then log=$log.update; fi
     if grep -qiE 'no space left|enough free space|disk quota exceeded' "$log" 2>/dev/null ||
         [[ $(free_megabytes "$(dirname "$log")") -lt 8 ]]; then
         echo "the disk is full"
-    elif line=$(grep -m1 -oiE "could not resolve '[^']*'|temporary failure resolving '[^']*'|(could not|unable to) connect to [^ ]*|network is unreachable" "$log"); then
+    elif line=$(grep -m1 -oiE "could not resolve '[^']*'|temporary failure resolving '[^']*'|failed to fetch [^ ]*|(could not|unable to) connect to [^ ]*|network is unreachable" "$log"); then
         echo "no network? (${line,})"
     elif line=$(grep -m1 -E '^E: |(^|[: ])(fatal )?error: |^CMake Error' "$log"); then
         echo "${line#E: }"
