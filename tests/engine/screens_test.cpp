@@ -1,0 +1,249 @@
+// Screenshots and the two paths of a frame in the running engine, on the real framework.
+#include <gmock/gmock.h>
+
+#include <fstream>
+#include <functional>
+#include <memory>
+
+#include "drill2d/engine.h"
+#include "drill2d/flash.h"
+#include "flash/control/movie_control.h"
+#include "hgegui.h"
+#include "hgesprite.h"
+#include "support/framework_fixture.h"
+#include "support/picture.h"
+#include "support/win32_seams.h"
+
+namespace {
+
+using testing::HasSubstr;
+
+constexpr int kWidth = 800, kHeight = 600;
+constexpr uint32_t kHost = 0xFF20C060, kHost1 = 0xFFC020A0, kControl = 0xFFF0E040;
+
+struct Area {
+    int left, top, width, height;
+    bool Has(int x, int y) const { return x >= left && x < left + width && y >= top && y < top + height; }
+};
+constexpr Area kHostArea{50, 40, 200, 100}, kHost1Area{150, 90, 300, 200}, kControlArea{500, 60, 80, 60},
+    kMovieArea{300, 400, 96, 60};
+
+// Opaque, each pixel different from its neighbours.
+uint32_t Ground(int x, int y) {
+    return 0xFF000000 | static_cast<uint32_t>((x * 7 & 0xFF) << 16 | (y * 11 & 0xFF) << 8 | ((x ^ y) & 0xFF));
+}
+
+void Fill(const Area& area, uint32_t color) {
+    hgeSprite sprite(0, 0, 0, static_cast<float>(area.width), static_cast<float>(area.height));
+    sprite.SetColor(color);
+    sprite.Render(static_cast<float>(area.left), static_cast<float>(area.top));
+}
+
+struct Plate : hgeGUIObject {
+    Plate() {
+        bStatic = bVisible = true;
+        bEnabled = false;
+    }
+    void Render() override { Fill(kControlArea, kControl); }
+};
+
+std::string ProgramFolder() {
+    char path[MAX_PATH];
+    GetModuleFileNameA(nullptr, path, MAX_PATH);
+    return std::string(path, strrchr(path, '\\') + 1);
+}
+
+// Full paths of the files in a folder that a pattern matches.
+std::vector<std::string> Files(const std::string& folder, const char* pattern) {
+    std::vector<std::string> files;
+    WIN32_FIND_DATAA found;
+    HANDLE search = FindFirstFileA((folder + pattern).c_str(), &found);
+    if (search == INVALID_HANDLE_VALUE) return files;
+    do {
+        if (!(found.dwFileAttributes & FILE_ATTRIBUTE_DIRECTORY)) files.push_back(folder + found.cFileName);
+    } while (FindNextFileA(search, &found));
+    FindClose(search);
+    return files;
+}
+
+void RemoveFolder(const std::string& folder) {
+    for (const std::string& file : Files(folder, "*"))
+        DeleteFileA(file.c_str());
+    RemoveDirectoryA(folder.c_str());
+}
+
+class ScreensTest : public FrameworkTest {
+ public:
+    // The engine makes the framework itself.
+    static void SetUpTestSuite() {}
+    static void TearDownTestSuite() {}
+    using FrameworkTest::ReadPicture;
+};
+
+class ScreensGame : public I2DGameEngineSink {
+ public:
+    void OnInit() override {
+        win32_seams::SetActiveWindow(hge()->System_GetState(HGE_HWND));
+        WriteEffect("screens_first.hlsl", "First(at.uv)");
+        WriteEffect("screens_second.hlsl", "Second(at.uv)");
+        WriteEffect("screens_broken.hlsl", "nowhere");
+        ground_ = hge()->Texture_Create(kWidth, kHeight);
+        DWORD* pixel = hge()->Texture_Lock(ground_, false);
+        for (int i = 0; i < kWidth * kHeight; ++i)
+            pixel[i] = Ground(i % kWidth, i / kWidth);
+        hge()->Texture_Unlock(ground_);
+    }
+    void OnRender() override { hgeSprite(ground_, 0, 0, kWidth, kHeight).Render(0, 0); }
+    void OnRenderTarget() override {
+        Fill(kHostArea, kHost);
+        Fill({0, 0, 1, 1}, kHost);
+        Fill({kWidth - 1, kHeight - 1, 1, 1}, kHost);
+    }
+    void OnRenderTarget1() override { Fill(kHost1Area, kHost1); }
+    // What the frame before has drawn is on the screen.
+    void OnFrame(float, int) override {
+        ++frame_;
+        if (frame_ == 2) Screenshots();
+        if (frame_ == 3) StartEffect();
+        if (frame_ == 6) FirstTarget();
+        if (frame_ == 8) SecondTarget();
+        if (frame_ == 10) PlainAgain();
+    }
+    void OnLButtonDown(float, float) override {}
+    void OnLButtonUp(float, float) override {}
+    void OnRButtonDown(float, float) override {}
+    void OnRButtonUp(float, float) override {}
+    void OnMouseMove(float, float) override {}
+
+    int frame() const { return frame_; }
+
+ private:
+    HGE* hge() { return engine_->GetHge(); }
+
+    void WriteEffect(const char* name, const std::string& result) {
+        std::ofstream(ProgramFolder() + name)
+            << "float4 Effect(Fragment at) : SV_TARGET\n{\n    return " << result << ";\n}\n";
+    }
+    std::string LogText() {
+        std::ifstream file(ProgramFolder() + "game.log");
+        return {std::istreambuf_iterator<char>(file), {}};
+    }
+    void Save(const char* prefix) {
+        win32_seams::AdvanceTick(300);
+        engine_->saveImage(prefix);
+    }
+
+    void Screenshots() {
+        hge::Image frame = test::MakePicture(kWidth, kHeight, Ground);
+        win32_seams::SetTick(5000);
+        RemoveFolder(pic_ + "deep\\");
+        RemoveFolder(pic_);
+        Save("shot");
+        ASSERT_EQ(Files(pic_, "shot*.bmp").size(), 1u);
+        EXPECT_TRUE(
+            test::SamePicture("screenshot", ScreensTest::ReadPicture(Files(pic_, "*")[0].c_str()), frame));
+        EXPECT_THAT(LogText(), HasSubstr("snapshot written: \"" + Files(pic_, "*")[0]));
+        win32_seams::AdvanceTick(299);
+        engine_->saveImage("shot");
+        EXPECT_EQ(Files(pic_, "*").size(), 1u);
+        win32_seams::AdvanceTick(1);
+        engine_->saveImage("shot");
+        EXPECT_EQ(Files(pic_, "shot*.bmp").size(), 2u) << "both in the same second";
+
+        hge()->System_Snapshot("pic\\picture.PNG");
+        EXPECT_TRUE(
+            test::SamePicture("png", ScreensTest::ReadPicture((pic_ + "picture.PNG").c_str()), frame));
+        PlacesThatTakeNone();
+    }
+
+    void PlacesThatTakeNone() {
+        Save("deep\\shot");
+        EXPECT_THAT(LogText(), HasSubstr("no snapshot \"" + pic_ + "deep\\shot"));
+        CreateDirectoryA((pic_ + "deep").c_str(), nullptr);
+        Save("deep\\shot");
+        EXPECT_EQ(Files(pic_ + "deep\\", "*").size(), 1u);
+        RemoveFolder(pic_ + "deep\\");
+        RemoveFolder(pic_);
+
+        std::ofstream(pic_.substr(0, pic_.size() - 1)) << "a file where the folder should be";
+        Save("blocked");
+        EXPECT_THAT(LogText(), HasSubstr("no snapshot \"" + pic_ + "blocked"));
+        EXPECT_TRUE(DeleteFileA(pic_.substr(0, pic_.size() - 1).c_str()));
+
+        // Nobody can write there, whoever runs the test.
+        hge()->System_Snapshot("Z:\\proc\\screens_test.bmp");
+        EXPECT_THAT(LogText(), HasSubstr("no snapshot \"Z:\\proc\\screens_test.bmp\": "));
+    }
+
+    void StartEffect() {
+        engine_->AddControl(new Plate);
+        char movie[] = "C:\\m";
+        EXPECT_TRUE(FlashManager::StartSingleFlash(movie, kMovieArea.left, kMovieArea.top, kMovieArea.width,
+                                                   kMovieArea.height));
+        char first[] = "screens_first.hlsl";
+        engine_->CreateFx(first);
+        EXPECT_TRUE(engine_->IsEnableFx()) << hge()->System_GetErrorMessage();
+    }
+
+    // Compares all but the half-transparent part of the movie.
+    void Expect(const char* name, bool movie, const std::function<uint32_t(int x, int y)>& pixel) {
+        hge()->System_Snapshot("screens.png");
+        hge::Image screen = ScreensTest::ReadPicture((ProgramFolder() + "screens.png").c_str());
+        hge::Image expected = test::MakePicture(kWidth, kHeight, [&](int x, int y) -> uint32_t {
+            if (!movie || !kMovieArea.Has(x, y)) return pixel(x, y);
+            if (x < kMovieArea.left + kMovieArea.width / 3) return 0xFF000000 | kOpaqueColor;
+            return screen.pixels[static_cast<size_t>(y * kWidth + x)];
+        });
+        EXPECT_TRUE(test::SamePicture(name, screen, expected));
+    }
+
+    void FirstTarget() {
+        Expect("first_target", true, [](int x, int y) {
+            if (kHostArea.Has(x, y) || (x == 0 && y == 0) || (x == kWidth - 1 && y == kHeight - 1))
+                return kHost;
+            return kControlArea.Has(x, y) ? kControl : Ground(x, y);
+        });
+        EXPECT_TRUE(hge()->Gfx_LoadEffect("screens_second.hlsl"));
+    }
+    void SecondTarget() {
+        Expect("second_target", false,
+               [](int x, int y) { return kHost1Area.Has(x, y) ? kHost1 : Ground(x, y); });
+        char broken[] = "screens_broken.hlsl";
+        engine_->CreateFx(broken);
+        EXPECT_FALSE(engine_->IsEnableFx());
+        EXPECT_THAT(LogText(),
+                    HasSubstr("cannot load effect \"screens_broken.hlsl\": screens_broken.hlsl:3:"));
+        EXPECT_FALSE(hge()->Gfx_LoadEffect("screens_missing.hlsl"));
+        EXPECT_THAT(hge()->System_GetErrorMessage(), HasSubstr("screens_missing.hlsl"));
+        EXPECT_FALSE(hge()->Gfx_LoadEffect(nullptr));
+    }
+    void PlainAgain() {
+        Expect("plain_path", true,
+               [](int x, int y) { return kControlArea.Has(x, y) ? kControl : Ground(x, y); });
+        hge()->Texture_Free(ground_);
+        // The quit message is one of the seams.
+        PostMessageA(hge()->System_GetState(HGE_HWND), WM_CLOSE, 0, 0);
+    }
+
+    I2DGameEngine* engine_ = C2DGameEngine::Get2DGameEngineInstance();
+    std::string pic_ = ProgramFolder() + "pic\\";
+    HTEXTURE ground_ = 0;
+    int frame_ = 0;
+};
+
+TEST_F(ScreensTest, SavedFilesAndBothPathsShowWhatWasDrawn) {
+    SetDllDirectoryA((ProgramFolder() + "flash\\").c_str());
+    HMODULE module = LoadLibraryA("flash.ocx");
+    ASSERT_NE(module, nullptr);
+    {
+        ScreensGame game;
+        I2DGameEngine* engine = C2DGameEngine::Get2DGameEngineInstance();
+        engine->SetEngineSink(static_cast<I2DGameEngineSink*>(&game));
+        ASSERT_TRUE(engine->InitHge(kWidth, kHeight, "screens", false));
+        EXPECT_GE(game.frame(), 10);
+        delete engine;
+    }
+    FreeLibrary(module);
+}
+
+}  // namespace
