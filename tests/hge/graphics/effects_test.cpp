@@ -175,6 +175,33 @@ TEST_F(EffectsTest, ATintedTextureLooksAsItDoesPlainly) {
     gfx().FreeTarget(target);
 }
 
+// What the guide for authors of effects promises.
+TEST_F(EffectsTest, MayBranchAndUseMacros) {
+    ASSERT_TRUE(Load(R"(#define MIXED(a, b) ((a) * 0.5 + (b) * 0.5)
+static const float weights[3] = {0.25, 0.5, 0.25};
+static const float least = 2.0;
+float4 Effect(Fragment at) : SV_TARGET
+{
+    float sum = weights[0] + weights[1] + weights[2];
+    float4 color = float4(sum, 0.0, 0.0, 1.0);
+    if (at.uv.x < 0.5)
+        color.g = MIXED(sum, 0.0);
+    else
+        color.bg = color.rg;
+    float lower = at.uv.y > 0.5;
+    color.r = lerp(color.r, pow(0.25, 1.0 / max(abs(-least), length(float2(0.6, 0.8)))), lower);
+    return color;
+}
+)")) << log().LastError();
+    HTEXTURE any = MakePlain(kSide, kSide, 0xFFFFFFFF);
+    hge::Image screen = Screen([&] { DrawBoth(0, 0, any, any); });
+    hge::Image expected = MakePicture(320, 240, [](int x, int y) {
+        if (x >= kSide || y >= kSide) return 0xFF000000;
+        return 0xFF000000 | (y < 8 ? 0xFF0000 : 0x800000) | (x < 8 ? 0x8000 : 0xFF);
+    });
+    EXPECT_TRUE(SamePicture("constructs", screen, expected, {1, "a half is no whole number of steps"}));
+}
+
 TEST_F(EffectsTest, KnowsTimePlaceAndSizes) {
     HTEXTURE wide = MakePlain(40, 20, 0xFFFFFFFF);
     HTEXTURE tall = MakePlain(10, 30, 0xFFFFFFFF);
