@@ -4,6 +4,8 @@
 
 #include <cmath>
 
+#include "palette.h"
+
 namespace training {
 
 namespace {
@@ -29,10 +31,30 @@ int FrameOf(Lamp state, bool hovered) {
     return hovered ? 1 : 0;
 }
 
+// What a lamp throws around it; 0 for none.
+DWORD LightOf(Lamp state) {
+    switch (state) {
+        case Lamp::kLit:
+            return kAmber;
+        case Lamp::kDecoy:
+        case Lamp::kBad:
+            return kCoral;
+        case Lamp::kGood:
+            return kTeal;
+        case Lamp::kOff:
+            break;
+    }
+    return 0;
+}
+
 }  // namespace
 
 ExerciseBoard::ExerciseBoard(Stage& stage)
-    : panel_(stage.Resources(), "board.png", true), lamp_(stage.Resources(), "lamp.png", true) {
+    : panel_(stage.Resources(), "board.png", true),
+      lamp_(stage.Resources(), "lamp.png", true),
+      light_(stage.Resources(), "light.png", true) {
+    light_.SetHotSpot(128, 128);
+    light_.SetBlendMode(BLEND_COLORMUL | BLEND_ALPHAADD);
     lamp_.SetHotSpot(kFrameSize / 2, kFrameSize / 2);
     char burst[] = "burst.png";
     for (CGameAnimation& animation : bursts_) {
@@ -79,6 +101,16 @@ void ExerciseBoard::Render(const Exercise& exercise) {
     for (int lamp = 0; lamp < kLamps; ++lamp)
         if (bursts_[static_cast<size_t>(lamp)].IsPlaying())
             bursts_[static_cast<size_t>(lamp)].Render(MiddleX(lamp), MiddleY(lamp));
+}
+
+void ExerciseBoard::RenderLight(const Exercise& exercise) {
+    for (int lamp = 0; lamp < kLamps; ++lamp) {
+        DWORD color = LightOf(exercise.StateOf(lamp));
+        if (!color) continue;
+        float scale = 1.5f + 0.1f * std::sin(time_ * 12.566f);
+        light_.SetColor(color, -1);
+        light_.RenderEx(MiddleX(lamp), MiddleY(lamp), 0, scale, scale);
+    }
 }
 
 // A lamp that waits for a press breathes.

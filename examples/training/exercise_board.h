@@ -18,6 +18,7 @@ class ExerciseBoard {
     // Seconds.
     void Update(float dt);
     void Render(const Exercise& exercise);
+    void RenderLight(const Exercise& exercise);
 
     // The lamp under a point of the screen, -1 for none.
     int LampAt(float x, float y) const;
@@ -31,7 +32,7 @@ class ExerciseBoard {
  private:
     void DrawLamp(int lamp, Lamp state);
 
-    CGameSprite panel_, lamp_;
+    CGameSprite panel_, lamp_, light_;
     std::array<CGameAnimation, kLamps> bursts_;
     int hovered_ = -1;
     float time_ = 0;

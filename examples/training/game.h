@@ -25,12 +25,15 @@ class Game : public I2DGameEngineSink {
     void OnRButtonDown(float x, float y) override { scenes_.mouse_rbdown(x, y); }
     void OnRButtonUp(float x, float y) override { scenes_.mouse_rbup(x, y); }
     void OnMouseMove(float x, float y) override { scenes_.mouse_move(x, y); }
-    void OnRenderTarget() override {}
-    void OnRenderTarget1() override {}
+    // With the effect the scene and its light go to two targets, and the engine brings them together.
+    void OnRenderTarget() override { DrawScene(); }
+    void OnRenderTarget1() override { Current()->RenderLight(); }
 
  private:
     void SwitchTo(SceneName name);
     void TakeKeys();
+    void LoadEffect();
+    void DrawScene();
     void DrawTimeLeft();
     void ChangeLanguage();
     void PlayByItself(float dt);

@@ -2,6 +2,10 @@
 
 #include <hgeanim.h>
 
+#include <cmath>
+
+#include "palette.h"
+
 namespace training {
 
 namespace {
@@ -19,7 +23,10 @@ bool HasMovieControl(HGE& hge) {
 
 }  // namespace
 
-Intro::Intro(Stage& stage) {
+Intro::Intro(Stage& stage) : light_(stage.Resources(), "light.png", true) {
+    light_.SetHotSpot(128, 128);
+    light_.SetBlendMode(BLEND_COLORMUL | BLEND_ALPHAADD);
+    light_.SetColor(kAmber, -1);
     // The library reads names only, although it takes them as writable.
     char picture[] = "spark.png", movie[] = "intro.swf";
     animation_.LoadAniImage(picture, kFrames, kFramesPerSecond, kSize, kSize);
@@ -45,6 +52,14 @@ void Intro::Stop() {
 
 void Intro::Update(float dt) {
     animation_.Update(dt);
+    time_ = std::fmod(time_ + dt, 60.0f);
+}
+
+// It breathes as the lamp does; a movie has its own light.
+void Intro::RenderLight(float x, float y) {
+    if (MoviePlays()) return;
+    float scale = 0.62f + 0.08f * std::sin(time_ * 5.236f);
+    light_.RenderEx(x + kSize / 2, y + 84, 0, scale, scale);
 }
 
 void Intro::Render(float x, float y) {

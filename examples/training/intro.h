@@ -22,12 +22,15 @@ class Intro {
     void Stop();
     void Update(float dt);
     void Render(float x, float y);
+    void RenderLight(float x, float y);
 
  private:
     bool MoviePlays() const { return movie_ && movie_->IsPlaying(); }
 
     IFlashSprite* movie_ = nullptr;
     CGameAnimation animation_;
+    CGameSprite light_;
+    float time_ = 0;
 };
 
 }  // namespace training

@@ -178,6 +178,12 @@ burst() {
     convert \( "$work"/b[0-3].png +append \) \( "$work"/b[4-7].png +append \) -append PNG32:- | save PNG32:play/burst.png
 }
 
+# Light without a lamp, for the effect: white, brightest in the middle, nothing at the edge.
+light() {
+    convert -size 256x256 radial-gradient:'#ffffff-#000000' -evaluate pow 1.6 \( -size 256x256 xc:white \) +swap \
+        -alpha off -compose CopyOpacity -composite PNG32:- | save PNG32:play/light.png
+}
+
 small_things() {
     local heart="path 'M 64,110 C 8,70 4,50 10,34 C 20,12 50,12 64,38 C 78,12 108,12 118,34 C 124,50 120,70 64,110 Z'"
     shape 32 32 "$work/0.png" -fill "$coral" -draw "$heart"
@@ -212,4 +218,5 @@ panel_picture 592 428 play/board.png '#1b1f4cc8'
 panel_picture 480 300 play/card.png '#1b1f4cd8'
 lamps
 burst
+light
 small_things

@@ -19,6 +19,7 @@ class PlayScene : public Scene {
     void show() override;
     void update(float dt) override;
     void render() override;
+    void RenderLight() override { board_.RenderLight(*exercise_); }
     void mouse_lbdown(float x, float y) override;
     void mouse_move(float x, float y) override;
     void PlayByItself(float dt) override;

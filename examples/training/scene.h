@@ -32,6 +32,8 @@ class Scene : public IScener {
 
     // The language has changed: gives every control its text.
     virtual void Retext() {}
+    // Draws what shines, with additive sprites; the effect lets it fall on the scene.
+    virtual void RenderLight() {}
     // Does what a player would do next, for a program that plays by itself.
     virtual void PlayByItself(float dt) = 0;
 

@@ -62,7 +62,7 @@ void StartScene::render() {
     background_.Render(0, 0);
     logo_.Render(140, 56);
     GetFonts().Draw(Fonts::kBody, Fonts::kCentre, 400, 176, kMuted, stage.Say(Text::kSubtitle));
-    intro_.Render(400 - Intro::kSize / 2, 200);
+    intro_.Render(kIntroLeft, kIntroTop);
     DrawChoice(ExerciseKind::kReaction, Text::kReactionHint, kLeftMiddle);
     DrawChoice(ExerciseKind::kMemory, Text::kMemoryHint, kRightMiddle);
     GetFonts().Draw(Fonts::kSmall, Fonts::kCentre, 400, 562, kMuted, stage.Say(Text::kKeys));

@@ -18,10 +18,13 @@ class StartScene : public Scene {
     void hide() override;
     void update(float dt) override;
     void render() override;
+    void RenderLight() override { intro_.RenderLight(kIntroLeft, kIntroTop); }
     void Retext() override;
     void PlayByItself(float dt) override;
 
  private:
+    static constexpr float kIntroLeft = 400 - Intro::kSize / 2, kIntroTop = 200;
+
     void Start(ExerciseKind kind);
     void DrawChoice(ExerciseKind kind, Text hint, float middle);
 

@@ -28,15 +28,19 @@ bool ReadLanguage(std::istream& in, std::string* language) {
     return true;
 }
 
+bool Raise(bool* flag) {
+    *flag = true;
+    return true;
+}
+
 bool ReadOption(const std::string& name, std::istream& in, Options* options) {
     if (name == "--seed") return ReadNumber<uint32_t>(in, 1, UINT32_MAX, &options->seed);
     if (name == "--limit") return ReadNumber(in, 1, kDaySeconds, &options->limit_seconds);
     if (name == "--self-play") return ReadNumber(in, 1, kDaySeconds / 60, &options->self_play_minutes);
     if (name == "--language") return ReadLanguage(in, &options->language);
     if (name == "--ini") return static_cast<bool>(in >> options->ini_file);
-    if (name != "--quiet") return false;
-    options->quiet = true;
-    return true;
+    if (name == "--plain") return Raise(&options->plain);
+    return name == "--quiet" && Raise(&options->quiet);
 }
 
 }  // namespace

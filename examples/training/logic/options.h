@@ -12,6 +12,7 @@ struct Options {
     int self_play_minutes = 0;              // --self-play N: the program plays by itself and then ends
     std::string language;                   // --language en|zh: for this run
     std::string ini_file = "training.ini";  // --ini FILE
+    bool plain = false;                     // --plain: no effect
     bool quiet = false;                     // --quiet: no sound and no music
 
     // Options that are unknown or lack a value in range are named in error, if it is given, and skipped.
