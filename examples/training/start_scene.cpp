@@ -68,6 +68,11 @@ void StartScene::render() {
     GetFonts().Draw(Fonts::kSmall, Fonts::kCentre, 400, 562, kMuted, stage.Say(Text::kKeys));
 }
 
+// What lies on the lamp hides its light.
+void StartScene::RenderLight() {
+    if (!settings_.IsOpen()) intro_.RenderLight(kIntroLeft, kIntroTop);
+}
+
 void StartScene::DrawChoice(ExerciseKind kind, Text hint, float middle) {
     Stage& stage = GetStage();
     GetFonts().Draw(Fonts::kSmall, Fonts::kCentre, middle, 478, kInk, stage.Say(hint));

@@ -18,7 +18,7 @@ class StartScene : public Scene {
     void hide() override;
     void update(float dt) override;
     void render() override;
-    void RenderLight() override { intro_.RenderLight(kIntroLeft, kIntroTop); }
+    void RenderLight() override;
     void Retext() override;
     void PlayByItself(float dt) override;
 
