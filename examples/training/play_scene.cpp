@@ -35,7 +35,7 @@ void PlayScene::show() {
 }
 
 void PlayScene::update(float dt) {
-    exercise_->Update(dt);
+    exercise_->Update(dt * static_cast<float>(GetStage().GetOptions().pace_percent) / 100);
     for (const Event& event : exercise_->TakeEvents())
         Handle(event);
     board_.Update(dt);

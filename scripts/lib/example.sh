@@ -19,6 +19,8 @@ check_arguments() {
         seconds=$((10#$seconds))
     fi
     [[ ${DISPLAY:-} ]] || headless=yes
+    script=$root/tests/e2e/$example.sh
+    if [[ ! $headless || $seconds || $screenshot || ! -e $script ]]; then script=; fi
     if [[ $headless ]]; then
         seconds=${seconds:-5}
         screenshot=${screenshot:-$build/screenshots/$example.png}
@@ -40,6 +42,7 @@ run_example() {
     [[ -e $program ]] || die "building $example made no $program"
     # From here on another command may build: the program is started.
     exec 8>&-
+    if [[ $script ]] && play_by_script "$program"; then return; fi
     if [[ $headless ]]; then
         start_screen
         export WINE_LINGER=0
@@ -53,6 +56,16 @@ run_example() {
         wait "$program_pid" || status=$?
         ((status == 0)) || die "$example ended with code $status; see $build/logs/$example.log"
     fi
+}
+
+# False: a tool that the script needs is missing, and it has said which.
+play_by_script() {
+    local pictures=$build/screenshots/$example log=$build/logs/$example.log status=0
+    say "Playing $example by a script ..."
+    WINE_RUN=$root/scripts/wine-run bash "$script" "$1" "$pictures" "$root/tests/golden" 2>"$log" </dev/null || status=$?
+    ((status != 77)) || return 1
+    ((status == 0)) || fail "playing $example by a script" "$log"
+    say "Pictures: $pictures"
 }
 
 run_for_a_while() {

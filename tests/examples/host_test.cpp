@@ -45,13 +45,14 @@ TEST(BestScores, SurvivesItsTextAndAnAlteredOne) {
 }
 
 TEST(Options, AreReadInAnyOrder) {
-    Options options =
-        Options::Parse(" --limit 90 --seed 17 --language zh --quiet --ini own.ini --self-play 10 --plain");
+    Options options = Options::Parse(
+        " --limit 90 --seed 17 --language zh --quiet --ini own.ini --self-play 10 --plain --pace 50");
     EXPECT_EQ(options.seed, 17u);
     EXPECT_EQ(options.limit_seconds, 90);
     EXPECT_EQ(options.language, "zh");
     EXPECT_TRUE(options.quiet);
     EXPECT_TRUE(options.plain);
+    EXPECT_EQ(options.pace_percent, 50);
     EXPECT_EQ(options.ini_file, "own.ini");
     EXPECT_EQ(options.self_play_minutes, 10);
 }

@@ -36,6 +36,7 @@ bool Raise(bool* flag) {
 bool ReadOption(const std::string& name, std::istream& in, Options* options) {
     if (name == "--seed") return ReadNumber<uint32_t>(in, 1, UINT32_MAX, &options->seed);
     if (name == "--limit") return ReadNumber(in, 1, kDaySeconds, &options->limit_seconds);
+    if (name == "--pace") return ReadNumber(in, 20, 200, &options->pace_percent);
     if (name == "--self-play") return ReadNumber(in, 1, kDaySeconds / 60, &options->self_play_minutes);
     if (name == "--language") return ReadLanguage(in, &options->language);
     if (name == "--ini") return static_cast<bool>(in >> options->ini_file);

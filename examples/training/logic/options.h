@@ -9,6 +9,7 @@ namespace training {
 struct Options {
     uint32_t seed = 0;                      // --seed N: the same lamps every time; 0 takes the clock
     int limit_seconds = 0;                  // --limit N: training time; 0 takes the settings'
+    int pace_percent = 100;                 // --pace N: how fast the exercises go, 20..200
     int self_play_minutes = 0;              // --self-play N: the program plays by itself and then ends
     std::string language;                   // --language en|zh: for this run
     std::string ini_file = "training.ini";  // --ini FILE
