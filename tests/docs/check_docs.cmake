@@ -3,7 +3,7 @@ cmake_minimum_required(VERSION 3.25)
 # relative link must lead to a file.
 set(languages cpp hlsl cmake)
 set(cpp_files docs/snippets/*.cpp examples/*.cpp)
-set(hlsl_files examples/*.hlsl)
+set(hlsl_files docs/snippets/*.hlsl examples/*.hlsl)
 set(cmake_files examples/*/CMakeLists.txt)
 set(problems 0)
 

@@ -178,4 +178,13 @@ TEST_F(ExampleEffectsTest, CrossfadeGoesFromTheFirstToTheSecond) {
     }
 }
 
+TEST_F(ExampleEffectsTest, GuidesEffectMultipliesTheScenes) {
+    hge::Image expected = Computed([&](float u, float v) {
+        Color scene = first(u, v);
+        Color light = second(u, v);
+        return Color{scene.r * light.r, scene.g * light.g, scene.b * light.b, 1};
+    });
+    EXPECT_TRUE(SamePicture("light", Picture("../../../docs/snippets/light.hlsl"), expected, kRounding));
+}
+
 }  // namespace test
