@@ -49,6 +49,7 @@ void Game::OnInit() {
 }
 
 void Game::OnFrame(float dt, int /*id*/) {
+    if (!start_) return;
     // The engine sets its training time back after OnInit.
     if (!std::exchange(begun_, true)) stage_.Begin();
     if (stage_.GetOptions().self_play_minutes) PlayByItself(dt);
