@@ -1,11 +1,14 @@
 #!/usr/bin/env bash
 # Packs with something wrong in them, made by the ordinary tools, and what packcheck says. $1: packcheck.exe.
 set -euo pipefail
-for tool in zip convert sox; do
+. "$(dirname "$0")/lib.sh"
+for tool in zip sox; do
     command -v "$tool" >/dev/null || { echo "skipped: $tool is not installed"; exit 77; }
 done
 work=$(mktemp -d)
-trap 'rm -rf "$work"' EXIT
+trap 'e2e_cleanup; rm -rf "$work"' EXIT
+# One screen for all starts of the tool: Wine takes seconds to change it.
+start_screen 320x240
 cd "$work"
 mkdir good bad
 convert -size 40x30 plasma:red-blue good/图片.png
