@@ -50,9 +50,6 @@ TEST_F(AnimationTest, IsNewForwardLoopedAndStopped) {
     hgeAnimation animation(strip_, 4, 8, 0, 0, 50, 50);
     EXPECT_EQ(animation.GetMode(), HGEANIM_FWD | HGEANIM_LOOP);
     EXPECT_FALSE(animation.IsPlaying());
-    EXPECT_EQ(animation.GetFrame(), 0);
-    EXPECT_EQ(animation.GetFrames(), 4);
-    EXPECT_EQ(animation.GetSpeed(), 8);
     animation.Update(10);
     EXPECT_EQ(animation.GetFrame(), 0);
 }
@@ -88,12 +85,19 @@ TEST_F(AnimationTest, EveryModeShowsItsFramesInOrder) {
     EXPECT_EQ(Play(HGEANIM_PINGPONG | HGEANIM_LOOP, 2, 5), "01010");
 }
 
-TEST_F(AnimationTest, StaysOnTheLastFrameWhenItHasStopped) {
-    hgeAnimation animation(0, 3, 8, 0, 0, 10, 10);
+TEST_F(AnimationTest, StaysOnTheLastFrameWhenItHasStoppedAndGoesOnWhenResumed) {
+    hgeAnimation animation(0, 4, 8, 0, 0, 10, 10);
+    animation.Play();
+    EXPECT_EQ(Show(&animation, 3), "012");
+    animation.Stop();
+    animation.Update(5);
+    EXPECT_EQ(animation.GetFrame(), 2);
+    animation.Resume();
+    EXPECT_EQ(Show(&animation, 3), "301");
     animation.SetMode(HGEANIM_FWD);
     animation.Play();
-    EXPECT_EQ(Show(&animation, 10), "012.");
-    EXPECT_EQ(animation.GetFrame(), 2);
+    EXPECT_EQ(Show(&animation, 10), "0123.");
+    EXPECT_EQ(animation.GetFrame(), 3);
     animation.Play();
     EXPECT_EQ(Show(&animation, 2), "01");
 }
@@ -101,14 +105,11 @@ TEST_F(AnimationTest, StaysOnTheLastFrameWhenItHasStopped) {
 TEST_F(AnimationTest, TheFirstUpdateShowsTheFirstFrameHoweverLongItTook) {
     hgeAnimation animation(0, 4, 8, 0, 0, 10, 10);
     animation.Play();
-    animation.Update(100);
-    EXPECT_EQ(animation.GetFrame(), 0);
-    animation.Update(0.0625f);
-    EXPECT_EQ(animation.GetFrame(), 0);
-    animation.Update(0.0625f);
-    EXPECT_EQ(animation.GetFrame(), 1);
-    animation.Update(0.25f);
-    EXPECT_EQ(animation.GetFrame(), 3);
+    const std::pair<float, int> steps[] = {{100, 0}, {0.0625f, 0}, {0.0625f, 1}, {0.25f, 3}};
+    for (auto [seconds, frame] : steps) {
+        animation.Update(seconds);
+        EXPECT_EQ(animation.GetFrame(), frame);
+    }
 }
 
 TEST_F(AnimationTest, ALongPauseLandsWhereEveryStepWouldHave) {
@@ -125,49 +126,32 @@ TEST_F(AnimationTest, ALongPauseLandsWhereEveryStepWouldHave) {
     }
 }
 
-TEST_F(AnimationTest, StopFreezesAndResumeGoesOn) {
-    hgeAnimation animation(0, 4, 8, 0, 0, 10, 10);
-    animation.Play();
-    EXPECT_EQ(Show(&animation, 3), "012");
-    animation.Stop();
-    animation.Update(5);
-    EXPECT_EQ(animation.GetFrame(), 2);
-    animation.Resume();
-    EXPECT_EQ(Show(&animation, 3), "301");
-}
-
-TEST_F(AnimationTest, SetModeGoesToItsFirstFrame) {
+TEST_F(AnimationTest, SetModeGoesToItsFirstFrameAndFramesWrap) {
     hgeAnimation animation(0, 4, 8, 0, 0, 10, 10);
     animation.SetMode(HGEANIM_REV);
     EXPECT_EQ(animation.GetFrame(), 3);
     animation.SetMode(HGEANIM_FWD);
-    EXPECT_EQ(animation.GetFrame(), 0);
-    animation.SetFrame(6);
-    EXPECT_EQ(animation.GetFrame(), 2);
-    animation.SetFrame(-1);
-    EXPECT_EQ(animation.GetFrame(), 3);
-    animation.SetSpeed(10);
-    EXPECT_FLOAT_EQ(animation.GetSpeed(), 10);
+    for (auto [set, frame] : {std::pair{0, 0}, {6, 2}, {-1, 3}}) {
+        animation.SetFrame(set);
+        EXPECT_EQ(animation.GetFrame(), frame);
+    }
 }
 
 TEST_F(AnimationTest, FramesRunRightAndWrapAtTheSourceWidth) {
     // 200 pixels of source hold four frames of 50 a row, though the created texture has room for five.
     hgeAnimation animation(strip_, 8, 8, 0, 0, 50, 50);
-    animation.SetFrame(3);
-    EXPECT_THAT(Part(animation), ElementsAre(150, 0));
-    animation.SetFrame(4);
-    EXPECT_THAT(Part(animation), ElementsAre(0, 50));
-    animation.SetFrame(7);
-    EXPECT_THAT(Part(animation), ElementsAre(150, 50));
-
+    auto part = [&](int frame) {
+        animation.SetFrame(frame);
+        return Part(animation);
+    };
+    EXPECT_THAT(part(3), ElementsAre(150, 0));
+    EXPECT_THAT(part(4), ElementsAre(0, 50));
+    EXPECT_THAT(part(7), ElementsAre(150, 50));
     animation.SetTextureRect(90, 10, 50, 40);
-    EXPECT_EQ(animation.GetFrame(), 7);
-    EXPECT_EQ(animation.GetHeight(), 40);
+    EXPECT_TRUE(animation.GetFrame() == 7 && animation.GetHeight() == 40);
     EXPECT_THAT(Part(animation), ElementsAre(50, 90));
-    animation.SetFrame(1);
-    EXPECT_THAT(Part(animation), ElementsAre(140, 10));
-    animation.SetFrame(2);
-    EXPECT_THAT(Part(animation), ElementsAre(0, 50));
+    EXPECT_THAT(part(1), ElementsAre(140, 10));
+    EXPECT_THAT(part(2), ElementsAre(0, 50));
 }
 
 TEST_F(AnimationTest, FlipAndTextureKeepTheCurrentFrame) {
