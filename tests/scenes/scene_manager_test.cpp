@@ -54,11 +54,15 @@ class SceneManagerTest : public testing::Test {
 
     void RegisterAll() {
         for (IScener* scene : {&a_, &b_, &c_})
-            manager_.register_scene(scene);
-        g_calls.clear();
+            EXPECT_TRUE(manager_.register_scene(scene));
     }
-
-    void RouteAll() {
+    std::vector<std::string> CallsOfSwitchTo(IScener& scene) {
+        g_calls.clear();
+        EXPECT_TRUE(manager_.switch_scene(&scene));
+        return TakeCalls();
+    }
+    std::vector<std::string> CallsOfAll() {
+        g_calls.clear();
         manager_.update_scene(0.5f);
         manager_.render_scene();
         manager_.mouse_lbdown(1, 2);
@@ -68,89 +72,48 @@ class SceneManagerTest : public testing::Test {
         manager_.mouse_move(9, 10);
         manager_.save_scene_ctl_status();
         manager_.repeat_scene_status();
+        return TakeCalls();
     }
 
     RecordingScene a_{"a"}, b_{"b"}, c_{"c"};
     OpenManager manager_;
 };
 
-TEST_F(SceneManagerTest, StartsWithoutACurrentScene) {
-    RegisterAll();
-    RouteAll();
-    EXPECT_EQ(manager_.get_cur_index(), -1);
-    EXPECT_EQ(manager_.get_cur_scene(), nullptr);
-    EXPECT_EQ(manager_.get_scene(0), nullptr);
-    EXPECT_THAT(TakeCalls(), IsEmpty());
-}
-
 TEST_F(SceneManagerTest, RefusesNullAndIgnoresUnknownScenes) {
     EXPECT_FALSE(manager_.register_scene(nullptr));
     EXPECT_FALSE(manager_.switch_scene(nullptr));
     EXPECT_TRUE(manager_.switch_scene(&a_)) << "empty table";
     EXPECT_EQ(manager_.get_cur_index(), -1);
-
     manager_.register_scene(&a_);
     manager_.switch_scene(&a_);
-    g_calls.clear();
-    EXPECT_TRUE(manager_.switch_scene(&b_));
+    EXPECT_THAT(CallsOfSwitchTo(b_), IsEmpty());
     EXPECT_EQ(manager_.get_cur_scene(), &a_);
-    EXPECT_THAT(TakeCalls(), IsEmpty());
-}
-
-TEST_F(SceneManagerTest, RegisteringSavesThenHides) {
-    EXPECT_TRUE(manager_.register_scene(&a_));
-    EXPECT_THAT(TakeCalls(), ElementsAre("a.save", "a.hide"));
-    EXPECT_EQ(manager_.get_cur_index(), -1);
 }
 
 TEST_F(SceneManagerTest, ShowsTheNewSceneBeforeItHidesTheOldOne) {
     RegisterAll();
-    EXPECT_TRUE(manager_.switch_scene(&a_));
-    EXPECT_THAT(TakeCalls(), ElementsAre("a.repeat", "a.show"));
-    EXPECT_TRUE(manager_.switch_scene(&c_));
-    EXPECT_THAT(TakeCalls(), ElementsAre("c.repeat", "c.show", "a.save", "a.hide"));
-    EXPECT_TRUE(manager_.switch_scene(&c_));
-    EXPECT_THAT(TakeCalls(), ElementsAre("c.repeat", "c.show"));
-    EXPECT_EQ(manager_.get_cur_index(), 2);
-}
-
-TEST_F(SceneManagerTest, TakesTheFirstOfTwoEntries) {
-    RegisterAll();
+    EXPECT_THAT(TakeCalls(), ElementsAre("a.save", "a.hide", "b.save", "b.hide", "c.save", "c.hide"));
+    EXPECT_THAT(CallsOfSwitchTo(a_), ElementsAre("a.repeat", "a.show"));
+    EXPECT_THAT(CallsOfSwitchTo(c_), ElementsAre("c.repeat", "c.show", "a.save", "a.hide"));
+    EXPECT_THAT(CallsOfSwitchTo(c_), ElementsAre("c.repeat", "c.show"));
     manager_.register_scene(&a_);
-    manager_.switch_scene(&c_);
     manager_.switch_scene(&a_);
-    EXPECT_EQ(manager_.get_cur_index(), 0);
+    EXPECT_EQ(manager_.get_cur_index(), 0) << "the first of two entries";
     g_calls.clear();
     manager_.hide();
     EXPECT_THAT(TakeCalls(), ElementsAre("a.hide", "b.hide", "c.hide", "a.hide"));
     EXPECT_EQ(manager_.get_cur_scene(), &a_);
 }
 
-TEST_F(SceneManagerTest, FetchesScenesUpToTheCurrentOne) {
+TEST_F(SceneManagerTest, RoutesToTheCurrentSceneAndFetchesUpToIt) {
     RegisterAll();
+    EXPECT_THAT(CallsOfAll(), IsEmpty());
+    EXPECT_TRUE(manager_.get_cur_index() == -1 && !manager_.get_cur_scene() && !manager_.get_scene(0));
     manager_.switch_scene(&b_);
-    EXPECT_EQ(manager_.get_scene(-1), nullptr);
-    EXPECT_EQ(manager_.get_scene(0), &a_);
-    EXPECT_EQ(manager_.get_scene(1), &b_);
-    EXPECT_EQ(manager_.get_scene(2), nullptr);
-}
-
-TEST_F(SceneManagerTest, RoutesToTheCurrentScene) {
-    RegisterAll();
-    manager_.switch_scene(&b_);
-    g_calls.clear();
-    RouteAll();
-    EXPECT_THAT(TakeCalls(), ElementsAre("b.update 0.5", "b.render", "b.lbdown 1 2", "b.lbup 3 4",
-                                         "b.rbdown 5 6", "b.rbup 7 8", "b.move 9 10", "b.save", "b.repeat"));
-}
-
-TEST_F(SceneManagerTest, CopiesKeepTheirOwnCurrentScene) {
-    RegisterAll();
-    manager_.switch_scene(&a_);
-    SceneManager copy(manager_);
-    copy.switch_scene(&b_);
-    EXPECT_EQ(manager_.get_cur_scene(), &a_);
-    EXPECT_EQ(copy.get_cur_scene(), &b_);
+    EXPECT_THAT(CallsOfAll(), ElementsAre("b.update 0.5", "b.render", "b.lbdown 1 2", "b.lbup 3 4",
+                                          "b.rbdown 5 6", "b.rbup 7 8", "b.move 9 10", "b.save", "b.repeat"));
+    EXPECT_TRUE(manager_.get_scene(0) == &a_ && manager_.get_scene(1) == &b_);
+    EXPECT_TRUE(!manager_.get_scene(-1) && !manager_.get_scene(2));
 }
 
 // A scene that switches on inside its own update is what a game does at the end of a level.
@@ -180,13 +143,9 @@ size_t Slot(F operation) {
 }
 
 TEST(IScenerTest, KeepsThePlacesOfItsOperations) {
-    EXPECT_EQ(Slot(&IScener::show), 6u);
-    EXPECT_EQ(Slot(&IScener::hide), 7u);
-    EXPECT_EQ(Slot(&IScener::render), 8u);
-    EXPECT_EQ(Slot(&IScener::update), 9u);
-    EXPECT_EQ(Slot(&IScener::save_ctl_status), 12u);
-    EXPECT_EQ(Slot(&IScener::repeat_status), 13u);
-    EXPECT_EQ(Slot(&IScener::mouse_lbdown), 14u);
+    EXPECT_TRUE(Slot(&IScener::show) == 6 && Slot(&IScener::hide) == 7 && Slot(&IScener::render) == 8);
+    EXPECT_TRUE(Slot(&IScener::update) == 9 && Slot(&IScener::save_ctl_status) == 12);
+    EXPECT_TRUE(Slot(&IScener::repeat_status) == 13 && Slot(&IScener::mouse_lbdown) == 14);
     EXPECT_EQ(Slot(&IScener::mouse_move), 18u);
 }
 
