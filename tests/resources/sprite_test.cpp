@@ -55,15 +55,10 @@ TEST_F(SpriteTest, EmptyOnesIgnoreEverything) {
     sprite.GetTextureRect(&value, &value, &value, &value);
     sprite.GetHotSpot(&value, &value);
     sprite.GetFlip(&flag, &flag);
-    EXPECT_EQ(value, 7);
-    EXPECT_TRUE(flag);
-    EXPECT_EQ(sprite.GetBoundingBox(0, 0, &rect), nullptr);
-    EXPECT_EQ(sprite.GetBoundingBoxEx(0, 0, 0, 1, 1, &rect), nullptr);
-    EXPECT_EQ(rect.x2, 3);
-    EXPECT_EQ(sprite.GetSprite(), nullptr);
-    EXPECT_EQ(sprite.GetTexture() + sprite.GetColor(0) + static_cast<DWORD>(sprite.GetBlendMode()), 0u);
-    EXPECT_EQ(sprite.GetZ(0), 0);
-    EXPECT_TRUE(Recording().quads.empty());
+    EXPECT_TRUE(value == 7 && flag);
+    EXPECT_TRUE(!sprite.GetBoundingBox(0, 0, &rect) && !sprite.GetBoundingBoxEx(0, 0, 0, 1, 1, &rect));
+    EXPECT_TRUE(rect.x2 == 3 && !sprite.GetSprite() && Recording().quads.empty());
+    EXPECT_TRUE(!sprite.GetTexture() && !sprite.GetColor(0) && !sprite.GetBlendMode() && !sprite.GetZ(0));
 }
 
 TEST_F(SpriteTest, LoadersReportWhatCouldNotBeHad) {
@@ -80,10 +75,8 @@ TEST_F(SpriteTest, LoadersReportWhatCouldNotBeHad) {
 
 TEST_F(SpriteTest, SizesAreTheTexturesAndTheImages) {
     CGameSprite original(&manager_, "a.png", true);
-    EXPECT_EQ(original.GetWidth(true), 100);
-    EXPECT_EQ(original.GetHeight(true), 60);
-    EXPECT_EQ(original.GetWidth(false), 128);
-    EXPECT_EQ(original.GetHeight(false), 64);
+    EXPECT_TRUE(original.GetWidth(true) == 100 && original.GetHeight(true) == 60);
+    EXPECT_TRUE(original.GetWidth(false) == 128 && original.GetHeight(false) == 64);
     ExpectRect(original, 100, 60);
     CGameSprite created(&manager_, "a.png", false);
     ExpectRect(created, 128, 64);
@@ -111,22 +104,30 @@ TEST_F(SpriteTest, EachTextureIsFreedByItsOwnerAlone) {
     EXPECT_EQ(live(), 2u);
 }
 
-TEST_F(SpriteTest, StateGoesToThePlatformSpriteAndBack) {
+TEST_F(SpriteTest, StateAndDrawingGoToThePlatformSprite) {
     CGameSprite sprite(&manager_, "a.png", true);
+    sprite.SetHotSpot(10, 20);
+    sprite.Render(200, 100);
+    sprite.RenderEx(200, 100, 0, 2, 3);
+    sprite.RenderEx(200, 100, 3.14159265f, 1, 1);
+    sprite.RenderStretch(1, 2, 30, 40);
+    sprite.Render4V(1, 2, 3, 4, 5, 6, 7, 8);
+    EXPECT_THAT(
+        Recording().CallsMatching("Gfx"),
+        testing::ElementsAre("Gfx_RenderQuad(tex 1, 190,80 290,140)", "Gfx_RenderQuad(tex 1, 180,40 380,220)",
+                             "Gfx_RenderQuad(tex 1, 210,120 110,60)", "Gfx_RenderQuad(tex 1, 1,2 30,40)",
+                             "Gfx_RenderQuad(tex 1, 1,2 5,6)"));
     sprite.SetTextureRect(10, 20, 30, 40, true);
     sprite.SetColor(0x80112233, 2);
     sprite.SetZ(0.25f, 1);
     sprite.SetBlendMode(BLEND_COLORADD);
     sprite.SetHotSpot(5, 6);
     sprite.SetFlip(true, false, false);
-    EXPECT_EQ(sprite.GetColor(2), 0x80112233u);
-    EXPECT_EQ(sprite.GetColor(0), 0xFFFFFFFFu);
-    EXPECT_EQ(sprite.GetZ(1), 0.25f);
-    EXPECT_EQ(sprite.GetBlendMode(), BLEND_COLORADD);
+    EXPECT_TRUE(sprite.GetColor(2) == 0x80112233 && sprite.GetColor(0) == 0xFFFFFFFF);
+    EXPECT_TRUE(sprite.GetZ(1) == 0.25f && sprite.GetBlendMode() == BLEND_COLORADD);
     bool flip_x = false, flip_y = true;
     sprite.GetFlip(&flip_x, &flip_y);
-    EXPECT_TRUE(flip_x);
-    EXPECT_FALSE(flip_y);
+    EXPECT_TRUE(flip_x && !flip_y);
     hgeRect box;
     EXPECT_EQ(sprite.GetBoundingBox(100, 200, &box), &box);
     EXPECT_THAT((std::vector<float>{box.x1, box.y1, box.x2, box.y2}),
