@@ -35,36 +35,23 @@ class EngineTest : public testing::Test {
 };
 
 TEST_F(EngineTest, StartsEmptyAndInert) {
-    EXPECT_EQ(engine_->GetHge(), nullptr);
-    EXPECT_EQ(engine_->GetGui(), nullptr);
-    EXPECT_EQ(engine_->GetEngineSink(), nullptr);
-    EXPECT_FALSE(engine_->IsEnableFx());
-    EXPECT_FALSE(engine_->IsGameTimeEnd());
-    EXPECT_EQ(engine_->GetSoundSize(), 0u);
-
+    EXPECT_TRUE(!engine_->GetHge() && !engine_->GetGui() && !engine_->GetEngineSink());
+    EXPECT_FALSE(engine_->IsEnableFx() || engine_->IsGameTimeEnd());
+    EXPECT_FALSE(engine_->SetEngineSink(nullptr));
     RecordingControl control("control");
     control.id = 77;
     engine_->AddControl(&control);
     engine_->RemoveControl(&control);
     engine_->GotoTailControl(&control);
     EXPECT_FALSE(engine_->SetCursor("cursor.png", nullptr));
-    EXPECT_EQ(engine_->Play2DSound("a.wav"), nullptr);
+    EXPECT_TRUE(!engine_->Play2DSound("a.wav") && !engine_->Play2DSound(7ul));
     engine_->PlayMusic("a.ogg", true);
+    engine_->StopMusic();
     engine_->CreateFx(nullptr);
     engine_->saveImage(nullptr);
-    EXPECT_EQ(control.id, 77);
+    EXPECT_TRUE(control.id == 77 && engine_->GetSoundSize() == 0);
     engine_.reset();
     EXPECT_THAT(Recording().AllCalls(), IsEmpty());
-}
-
-TEST_F(EngineTest, TheInstanceIsOneForEver) {
-    EXPECT_EQ(C2DGameEngine::Get2DGameEngineInstance(), C2DGameEngine::Get2DGameEngineInstance());
-}
-
-TEST_F(EngineTest, ANullSinkIsRefused) {
-    EXPECT_TRUE(engine_->SetEngineSink(static_cast<I2DGameEngineSink*>(&sink_)));
-    EXPECT_FALSE(engine_->SetEngineSink(nullptr));
-    EXPECT_EQ(engine_->GetEngineSink(), &sink_);
 }
 
 TEST_F(EngineTest, StartsTheFrameworkInOrder) {
@@ -95,20 +82,17 @@ TEST_F(EngineTest, StartsTheFrameworkInOrder) {
     EXPECT_EQ(Recording().System_GetState(HGE_RENDERFUNC), &C2DGameEngine::Render);
 }
 
-TEST_F(EngineTest, ANullTitleLeavesItEmpty) {
-    Start([] {}, nullptr, false);
-    EXPECT_STREQ(Recording().System_GetState(HGE_TITLE), "");
-    EXPECT_FALSE(Recording().System_GetState(HGE_ZBUFFER));
-}
-
 TEST_F(EngineTest, AFailedStartGivesTheFrameworkBackOnce) {
     Recording().initiate_result = false;
     engine_->SetEngineSink(static_cast<I2DGameEngineSink*>(&sink_));
+    EXPECT_FALSE(Start([] {}, nullptr, false));
+    EXPECT_STREQ(Recording().System_GetState(HGE_TITLE), "") << "a null title leaves it empty";
+    EXPECT_FALSE(Recording().System_GetState(HGE_ZBUFFER));
+    Recording().ClearCalls();
     EXPECT_FALSE(Start());
     std::vector<std::string> calls = Recording().AllCalls();
-    ASSERT_GE(calls.size(), 3u);
-    EXPECT_THAT(std::vector<std::string>(calls.end() - 3, calls.end()),
-                ElementsAre("System_Initiate()", "System_Shutdown()", "Release()"));
+    calls.erase(calls.begin(), std::find(calls.begin(), calls.end(), "System_Initiate()"));
+    EXPECT_THAT(calls, ElementsAre("System_Initiate()", "System_Shutdown()", "Release()"));
     EXPECT_EQ(engine_->GetGui(), nullptr);
     engine_.reset();
     EXPECT_EQ(Recording().references, 0);
@@ -136,17 +120,14 @@ TEST_F(EngineTest, ControlsGetRisingIdsAndTheFocus) {
     Start([this] {
         auto* first = new RecordingControl("first");
         auto* second = new RecordingControl("second");
-        engine_->AddControl(first);
-        EXPECT_EQ(engine_->GetGui()->GetFocus(), first->id);
-        engine_->AddControl(second);
-        EXPECT_EQ(second->id, first->id + 1);
-        EXPECT_EQ(engine_->GetGui()->GetFocus(), second->id);
-
+        for (RecordingControl* added : {first, second}) {
+            engine_->AddControl(added);
+            EXPECT_EQ(engine_->GetGui()->GetFocus(), added->id);
+        }
         engine_->RemoveControl(second);
         EXPECT_EQ(engine_->GetGui()->GetCtrl(second->id), nullptr);
-        int used = second->id;
         engine_->AddControl(second);
-        EXPECT_EQ(second->id, used + 1) << "ids are not used again";
+        EXPECT_EQ(second->id, first->id + 2) << "ids rise and are not used again";
 
         Recording().ClearCalls();
         engine_->GotoTailControl(first);
@@ -173,10 +154,7 @@ TEST_F(EngineTest, ADifferentCursorReplacesTheFirst) {
         Recording().mouse_x = 40;
         Recording().mouse_y = 30;
         engine_->GetGui()->Render();
-        ASSERT_EQ(Recording().quads.size(), 1u);
-        EXPECT_EQ(Recording().quads[0].v[0].x, 40);
-        EXPECT_EQ(Recording().quads[0].v[0].y, 30);
-
+        EXPECT_THAT(Recording().CallsMatching("Gfx"), ElementsAre("Gfx_RenderQuad(tex 1, 40,30 104,94)"));
         Recording().quads.clear();
         EXPECT_TRUE(engine_->SetCursor("missing.png", &manager)) << "the sprite is kept, empty";
         engine_->GetGui()->Render();
@@ -207,9 +185,6 @@ TEST_F(EngineTest, EffectsMakeTwoTargetsAndOneSpriteOverBoth) {
                     ElementsAre("Target_Create(800, 600, false)", "Target_Create(800, 600, false)",
                                 "Gfx_LoadEffect(\"ripple.hlsl\")"));
         EXPECT_TRUE(engine_->IsEnableFx());
-        ASSERT_NE(engine_->GetBackSpr(), nullptr);
-        EXPECT_EQ(engine_->GetBackSpr()->GetTexture(), Recording().Target_GetTexture(engine_->GetTaget()));
-
         Recording().effect_result = false;
         engine_->CreateFx(file);
         EXPECT_FALSE(engine_->IsEnableFx()) << "an effect that does not load leaves the plain path";

@@ -78,11 +78,6 @@ TEST_F(FrameTest, WithoutASinkTheGuiLivesOn) {
                 ElementsAre("Gfx_BeginScene(0)", "Gfx_Clear(0x00000000)", "control drawn", "Gfx_EndScene()"));
 }
 
-TEST_F(FrameTest, AnActiveFrameUpdatesThenTellsTheSink) {
-    UseSink();
-    EXPECT_THAT(Frame(), ElementsAre("control updated", "OnFrame(0.5, 0)", "OnMouseMove(10, 20)"));
-}
-
 TEST_F(FrameTest, ButtonEdgesComeInOneOrderAndTogether) {
     UseSink();
     for (int key : {HGEK_RBUTTON, HGEK_LBUTTON}) {
@@ -98,12 +93,11 @@ TEST_F(FrameTest, TheFrameworkIsAskedInAFixedOrder) {
     UseSink();
     C2DGameEngine::FrameFuc();
     std::vector<std::string> calls = Story(Recording().AllCalls());
-    auto without_gui = std::remove_if(calls.begin(), calls.end(), [](const std::string& call) {
-        return call.rfind("Input_GetMouseWheel", 0) == 0 || call.rfind("Input_GetKey(", 0) == 0;
+    std::erase_if(calls, [](const std::string& call) {  // the GUI's
+        return call == "Input_GetMouseWheel()" || call == "Input_GetKey()";
     });
-    calls.erase(without_gui, calls.end());
-    auto from = std::find(calls.begin(), calls.end(), "OnFrame(0.5, 0)");
-    EXPECT_THAT(std::vector<std::string>(from, calls.end()),
+    calls.erase(calls.begin(), std::find(calls.begin(), calls.end(), "OnFrame(0.5, 0)"));
+    EXPECT_THAT(calls,
                 ElementsAre("OnFrame(0.5, 0)", "Input_GetMousePos()", "Input_KeyDown(1)", "Input_KeyUp(1)",
                             "Input_KeyDown(2)", "Input_KeyUp(2)", "Input_GetKeyState(1)",
                             "Input_GetKeyState(2)", "System_GetState(HGE_SCREENWIDTH)",
@@ -113,30 +107,10 @@ TEST_F(FrameTest, TheFrameworkIsAskedInAFixedOrder) {
 TEST_F(FrameTest, AnInactiveWindowIsDrawnButNotPlayed) {
     UseSink();
     win32_seams::SetActiveWindow(nullptr);
-    HEFFECT effect = Recording().Effect_Load("a.wav", 0);
-    EffectHandle sound = *Engine()->Play2DSound(effect);
-    Recording().EndChannel(sound.channel);
     Recording().Press(HGEK_LBUTTON);
     Frame();
-    EXPECT_EQ(Engine()->GetSoundSize(), 0u) << "finished sounds are freed all the same";
     EXPECT_THAT(Recording().CallsMatching("System_Log"), IsEmpty());
     EXPECT_THAT(Picture(), Contains("OnRender"));
-}
-
-TEST_F(FrameTest, NeighboursThatFinishTogetherAreBothFreed) {
-    UseSink();
-    HCHANNEL channels[4];
-    for (HCHANNEL& channel : channels) {
-        HEFFECT effect = Recording().Effect_Load("a.wav", 0);
-        channel = Engine()->Play2DSound(effect)->channel;
-    }
-    Recording().EndChannel(channels[1]);
-    Recording().EndChannel(channels[2]);
-    Frame();
-    ASSERT_EQ(Engine()->GetSoundSize(), 2u);
-    EXPECT_EQ(Engine()->EnumSound(0)->channel, channels[0]);
-    EXPECT_EQ(Engine()->EnumSound(1)->channel, channels[3]);
-    EXPECT_EQ(Recording().effects.size(), 2u);
 }
 
 TEST_F(FrameTest, TheFocusedControlKeepsTheMouseToItself) {
@@ -168,8 +142,9 @@ TEST_F(FrameTest, ACommandHidesTheMouseAndCyclesTheGui) {
 
 TEST_F(FrameTest, AMouseOutsideTheScreenDoesNotMove) {
     UseSink();
-    for (auto [x, y, inside] : {std::tuple(799.0f, 599.0f, true), std::tuple(800.0f, 599.0f, false),
-                                std::tuple(799.0f, 600.0f, false), std::tuple(-1.0f, 0.0f, false)}) {
+    const std::tuple<float, float, bool> places[] = {
+        {799, 599, true}, {800, 599, false}, {799, 600, false}, {-1, 0, false}};
+    for (auto [x, y, inside] : places) {
         MoveMouse(x, y);
         Recording().Press(HGEK_LBUTTON);
         Frame();
@@ -186,23 +161,15 @@ TEST_F(FrameTest, EffectsDrawThroughTwoTargets) {
     Engine()->CreateFx(file);
     std::string first = std::to_string(Engine()->GetTaget());
     std::string second = std::to_string(Engine()->GetTaget1());
-    Picture();
-    std::vector<std::string> calls = Story(Recording().Calls());
-    ASSERT_EQ(calls.size(), 14u);
-    EXPECT_THAT(calls[12], testing::StartsWith("Gfx_RenderQuad("));
-    calls.erase(calls.begin() + 12);
-    EXPECT_THAT(calls,
+    EXPECT_THAT(Picture(),
                 ElementsAre("Gfx_BeginScene(" + first + ")", "Gfx_Clear(0x00000000)", "OnRenderTarget",
                             "control drawn", "Gfx_EndScene()", "Gfx_BeginScene(" + second + ")",
                             "Gfx_Clear(0x00000000)", "OnRenderTarget1", "Gfx_EndScene()", "Gfx_BeginScene(0)",
-                            "Gfx_Clear(0x00000000)", "OnRender", "Gfx_EndScene()"));
-    ASSERT_EQ(Recording().quads.size(), 1u);
-    const hgeQuad& back = Recording().quads[0];
+                            "Gfx_Clear(0x00000000)", "OnRender", testing::EndsWith(", 0,0 800,600)"),
+                            "Gfx_EndScene()"));
+    const hgeQuad& back = Recording().quads.at(0);
     EXPECT_EQ(back.tex, Recording().Target_GetTexture(Engine()->GetTaget()));
     EXPECT_EQ(back.tex2, Recording().Target_GetTexture(Engine()->GetTaget1()));
-    EXPECT_EQ(back.v[0].x, 0);
-    EXPECT_EQ(back.v[2].x, 800);
-    EXPECT_EQ(back.v[2].y, 600);
     Recording().effect_result = false;
     Engine()->CreateFx(file);
 }
