@@ -37,33 +37,18 @@ class FakeDisplay : public hge::Display {
     std::vector<std::string> calls;
 };
 
-TEST(ScreenMode, ADesktopOfThatSizeIsLeftAlone) {
-    FakeDisplay display;
-    {
-        ScreenMode mode(display);
-        EXPECT_TRUE(mode.Enter({1920, 1080}, 32));
-        EXPECT_FALSE(mode.switched());
-    }
-    EXPECT_THAT(display.calls, IsEmpty());
-}
-
-TEST(ScreenMode, AMissingModeLeavesTheDesktop) {
-    FakeDisplay display;
-    display.has_mode = false;
-    ScreenMode mode(display);
-    EXPECT_FALSE(mode.Enter({800, 600}, 32));
-    mode.Leave();
-    EXPECT_THAT(display.calls, ElementsAre("800x600x32"));
-    EXPECT_EQ(display.current, display.desktop);
-}
-
-TEST(ScreenMode, ANearModeIsGivenBack) {
-    FakeDisplay display;
-    display.gives_near_mode = true;
-    ScreenMode mode(display);
-    EXPECT_FALSE(mode.Enter({800, 600}, 32));
-    EXPECT_EQ(display.current, display.desktop);
-    EXPECT_FALSE(mode.switched());
+TEST(ScreenMode, TheDesktopStaysWhenTheModeIsItsOwnOrCannotBeHad) {
+    FakeDisplay same, lacking, near;
+    lacking.has_mode = false;
+    near.gives_near_mode = true;
+    ScreenMode in_same(same), in_lacking(lacking), in_near(near);
+    EXPECT_TRUE(in_same.Enter({1920, 1080}, 32));
+    EXPECT_FALSE(in_lacking.Enter({800, 600}, 32) || in_near.Enter({800, 600}, 32));
+    EXPECT_FALSE(in_same.switched() || in_near.switched());
+    in_lacking.Leave();
+    EXPECT_THAT(same.calls, IsEmpty());
+    EXPECT_THAT(lacking.calls, ElementsAre("800x600x32"));
+    EXPECT_EQ(near.current, near.desktop);
 }
 
 TEST(ScreenMode, SixteenBitsFallBackToThirtyTwo) {
@@ -84,17 +69,11 @@ TEST(ScreenMode, IsGivenBackOnceByLeaveOrTheEnd) {
         mode.Leave();
         EXPECT_THAT(display.calls, ElementsAre("800x600x32", "restore"));
         EXPECT_TRUE(mode.Enter({800, 600}, 32));
+        EXPECT_TRUE(mode.Enter({1024, 768}, 32)) << "from the desktop's own";
     }
-    EXPECT_THAT(display.calls, ElementsAre("800x600x32", "restore", "800x600x32", "restore"));
+    EXPECT_THAT(display.calls,
+                ElementsAre("800x600x32", "restore", "800x600x32", "restore", "1024x768x32", "restore"));
     EXPECT_EQ(display.current, display.desktop);
-}
-
-TEST(ScreenMode, AnotherModeIsTakenFromTheDesktopsOwn) {
-    FakeDisplay display;
-    ScreenMode mode(display);
-    mode.Enter({800, 600}, 32);
-    mode.Enter({1024, 768}, 32);
-    EXPECT_THAT(display.calls, ElementsAre("800x600x32", "restore", "1024x768x32"));
 }
 
 TEST(ScreenMode, TheScreenIsInTheMiddleOrAtTheCornerOfASmallerMonitor) {
