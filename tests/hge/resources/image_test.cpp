@@ -36,13 +36,11 @@ Image DecodeFile(const std::string& name) {
 
 // tolerance: by how much a channel may differ.
 void ExpectSame(const Image& actual, const Image& expected, int tolerance = 0) {
-    ASSERT_EQ(actual.width, expected.width);
-    ASSERT_EQ(actual.height, expected.height);
+    ASSERT_TRUE(actual.width == expected.width && actual.height == expected.height);
     for (size_t i = 0; i < expected.pixels.size(); ++i)
         for (int shift = 0; shift < 32; shift += 8) {
             int a = actual.pixels[i] >> shift & 255, e = expected.pixels[i] >> shift & 255;
-            ASSERT_NEAR(a, e, tolerance) << "pixel " << i % static_cast<size_t>(expected.width) << ", "
-                                         << i / static_cast<size_t>(expected.width) << " shift " << shift;
+            ASSERT_NEAR(a, e, tolerance) << "pixel " << i << " shift " << shift;
         }
 }
 
@@ -77,20 +75,6 @@ TEST(ImageTest, EveryTruncationIsSafe) {
     }
 }
 
-TEST(ImageTest, SizesThatNoTextureCanHaveAreRefused) {
-    std::string reason;
-    std::vector<uint8_t> png = ReadBytes(test_data::Folder() + "pictures\\opaque.bmp");
-    png[20] = 1;  // 65,543 pixels wide
-    EXPECT_TRUE(Decode(png, &reason).pixels.empty());
-    EXPECT_NE(reason, "");
-    std::vector<uint8_t> tga(18);
-    tga[2] = 2;
-    tga[13] = tga[15] = 0xFF;
-    tga[16] = 32;
-    Decode(tga, &reason);
-    EXPECT_EQ(reason, "its width or height is not supported");
-}
-
 TEST(ImageTest, EveryFormatGivesTheRightPixels) {
     for (const char* name : {"alpha.png", "interlaced.png", "deep.png", "alpha.bmp", "alpha.tga", "runs.tga",
                              "alpha.dds", "alpha.tif"}) {
@@ -104,16 +88,6 @@ TEST(ImageTest, EveryFormatGivesTheRightPixels) {
     }
 }
 
-TEST(ImageTest, GreyWithAlpha) {
-    Image image = DecodeFile("greyalpha.png");
-    ASSERT_EQ(image.pixels.size(), 35u);
-    for (size_t i = 0; i < 35; ++i) {
-        uint32_t pixel = image.pixels[i];
-        EXPECT_EQ(pixel >> 24, Sample().pixels[i] >> 24);
-        EXPECT_EQ(pixel >> 16 & 255, pixel & 255);
-    }
-}
-
 TEST(ImageTest, LossyFormatsComeClose) {
     Image flat{18, 10, std::vector<uint32_t>(180, 0xFFC86432)};
     ExpectSame(DecodeFile("flat.jpg"), flat, 2);   // JPEG's colour conversion
@@ -123,11 +97,13 @@ TEST(ImageTest, LossyFormatsComeClose) {
     ExpectSame(DecodeFile("flat5.dds"), flat, 4);
 }
 
-TEST(ImageTest, GifHolesAreTransparent) {
-    Image image = DecodeFile("holes.gif"), sample = Sample();
-    ASSERT_EQ(image.pixels.size(), 35u);
-    for (size_t i = 0; i < 35; ++i)
+TEST(ImageTest, GifHolesAreTransparentAndGreyKeepsItsAlpha) {
+    Image image = DecodeFile("holes.gif"), grey = DecodeFile("greyalpha.png"), sample = Sample();
+    ASSERT_TRUE(image.pixels.size() == 35 && grey.pixels.size() == 35);
+    for (size_t i = 0; i < 35; ++i) {
         EXPECT_EQ(image.pixels[i] >> 24, sample.pixels[i] >> 24 == 1 ? 0u : 255u) << i;
+        EXPECT_EQ(grey.pixels[i], (sample.pixels[i] & 0xFF000000) | (grey.pixels[i] & 0xFF) * 0x010101) << i;
+    }
 }
 
 TEST(ImageTest, A32BitBmpWithZeroAlphaIsOpaque) {
@@ -147,9 +123,6 @@ TEST(ImageTest, WritingAndDecodingGivesTheSamePixels) {
             ExpectSame(Decode(ReadBytes(Out(name)), &reason), image);
         }
     EXPECT_EQ(test_data::CountOut("round.*"), 2);
-}
-
-TEST(ImageTest, AChinesePathWorks) {
     SKIP_UNLESS_CODE_PAGE_936();
     SKIP_WITHOUT_CHINESE_FILES();
     std::string reason, name = Out("\xcd\xbc\xc6\xac 5\xd4\xc2\x81\x5c.bmp");

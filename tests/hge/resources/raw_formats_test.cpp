@@ -73,18 +73,18 @@ TEST(TgaTest, MapsAndRuns) {
 
 TEST(TgaTest, DamageIsRefusedWithAReason) {
     std::string reason;
-    EXPECT_TRUE(Decode(MakeTga({2, 24, 0}, Bytes(11)), &reason).empty());
-    EXPECT_EQ(reason, "the file is cut off");
-    EXPECT_TRUE(Decode(MakeTga({10, 24, 0}, {0x82, 0, 0, 255, 0x00, 255}), &reason).empty());
-    EXPECT_EQ(reason, "the file is cut off");
-    EXPECT_TRUE(Decode(MakeTga({10, 32, 0, 255, 255}, Bytes(100)), &reason).empty());
-    EXPECT_EQ(reason, "the file is cut off");
-    EXPECT_TRUE(Decode(MakeTga({1, 8, 0x20, 1, 1, 2, 24, 5}, {0, 0, 255, 255, 0, 0, 7}), &reason).empty());
-    EXPECT_EQ(reason, "a pixel has no colour in the map");
-    EXPECT_TRUE(Decode(MakeTga({2, 24, 0, 0, 2}, Bytes(100)), &reason).empty());
-    EXPECT_EQ(reason, "its width or height is not supported");
-    EXPECT_TRUE(Decode(MakeTga({2, 12, 0}, Bytes(100)), &reason).empty());
-    EXPECT_EQ(reason, "not a TGA picture of a known kind");
+    const std::pair<Bytes, const char*> cases[] = {
+        {MakeTga({2, 24, 0}, Bytes(11)), "the file is cut off"},
+        {MakeTga({10, 24, 0}, {0x82, 0, 0, 255, 0x00, 255}), "the file is cut off"},
+        {MakeTga({10, 32, 0, 255, 255}, Bytes(100)), "the file is cut off"},
+        {MakeTga({1, 8, 0x20, 1, 1, 2, 24, 5}, {0, 0, 255, 255, 0, 0, 7}),
+         "a pixel has no colour in the map"},
+        {MakeTga({2, 24, 0, 0, 2}, Bytes(100)), "its width or height is not supported"},
+        {MakeTga({2, 12, 0}, Bytes(100)), "not a TGA picture of a known kind"}};
+    for (const auto& [bytes, expected] : cases) {
+        EXPECT_TRUE(Decode(bytes, &reason).empty()) << expected;
+        EXPECT_EQ(reason, expected);
+    }
 }
 
 Pixels FirstFour(BlockFormat format, const Bytes& block) {
@@ -154,10 +154,9 @@ TEST(DdsTest, MasksOfAnyShapeAndCutFiles) {
 TEST(BmpTest, AlphaIsNotReadBeyondTheFile) {
     Bytes bmp(80, 0);
     bmp[14] = 0xF0;
-    bmp[15] = bmp[16] = bmp[17] = 0xFF;
+    bmp[15] = bmp[16] = bmp[17] = bmp[69] = 0xFF;
     bmp[28] = 32;
     bmp[30] = 3;
-    bmp[69] = 0xFF;
     Image image{1, 1, {kWhite}};
     hge::ApplyBmpAlpha(bmp.data(), 60, &image);
     EXPECT_EQ(image.pixels, Pixels{kWhite});

@@ -4,7 +4,8 @@
 #include <windows.h>
 
 #include <cstdint>
-#include <cstdio>
+#include <fstream>
+#include <iterator>
 #include <string>
 #include <vector>
 
@@ -29,28 +30,18 @@ inline std::string Out(const std::string& name) {
     return Folder() + "out\\" + name;
 }
 
-inline std::vector<uint8_t> ReadBytes(const std::string& path) {
-    std::vector<uint8_t> bytes;
-    std::FILE* file = std::fopen(path.c_str(), "rb");
-    if (!file) return bytes;
-    for (int c; (c = std::fgetc(file)) != EOF;)
-        bytes.push_back(static_cast<uint8_t>(c));
-    std::fclose(file);
-    return bytes;
-}
-
 inline std::string ReadText(const std::string& path) {
-    std::vector<uint8_t> bytes = ReadBytes(path);
-    return std::string(bytes.begin(), bytes.end());
+    std::ifstream file(path, std::ios::binary);
+    return {std::istreambuf_iterator<char>(file), {}};
 }
-
+inline std::vector<uint8_t> ReadBytes(const std::string& path) {
+    std::string text = ReadText(path);
+    return {text.begin(), text.end()};
+}
 inline bool WriteFile(const std::string& path, const std::string& text) {
-    std::FILE* file = std::fopen(path.c_str(), "wb");
-    if (!file) return false;
-    std::fwrite(text.data(), 1, text.size(), file);
-    return std::fclose(file) == 0;
+    std::ofstream file(path, std::ios::binary);
+    return static_cast<bool>(file << text << std::flush);
 }
-
 inline bool Exists(const std::string& path) {
     return GetFileAttributesA(path.c_str()) != INVALID_FILE_ATTRIBUTES;
 }
@@ -59,9 +50,8 @@ inline bool Exists(const std::string& path) {
 inline int CountOut(const std::string& wildcard) {
     WIN32_FIND_DATAA found;
     HANDLE search = FindFirstFileA(Out(wildcard).c_str(), &found);
-    if (search == INVALID_HANDLE_VALUE) return 0;
-    int count = 1;
-    while (FindNextFileA(search, &found))
+    int count = search != INVALID_HANDLE_VALUE;
+    while (count && FindNextFileA(search, &found))
         ++count;
     FindClose(search);
     return count;

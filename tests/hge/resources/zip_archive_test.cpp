@@ -161,17 +161,17 @@ TEST(ZipArchiveTest, SizesAndPlacesThatCannotBeAreNamed) {
     Bytes zip = MakeZip(0, "a", "", "content");
     size_t entry = FindLast(zip, "PK\1\2");
     EXPECT_EQ(ReadFrom(zip, "a"), "content");
-    EXPECT_EQ(ReadFrom(With(zip, entry + 16, {0}), "a"), "error: CRC mismatch");
-    EXPECT_EQ(ReadFrom(With(zip, entry + 24, {6}), "a"), "error: its sizes do not agree");
-    EXPECT_EQ(ReadFrom(With(zip, entry + 42, {0xFF, 0xFF, 0xFF, 0xFF}), "a"),
-              "error: its place in the pack is damaged");
-    EXPECT_EQ(ReadFrom(With(zip, entry + 20, {255, 0, 0, 0, 255}), "a"),
-              "error: its place in the pack is damaged");
-    // Deflated, with 200 MB promised by 7 bytes, or more than the limit by as many as fit.
-    EXPECT_EQ(ReadFrom(With(zip, entry + 10, {8, 0, 0, 0, 0, 0, 0, 0, 0, 0, 7, 0, 0, 0, 0, 0, 0, 12}), "a"),
-              "error: its sizes do not agree");
-    EXPECT_EQ(ReadFrom(With(zip, entry + 20, {0, 0, 0, 64, 0, 0, 0, 64}), "a"),
-              "error: it is larger than 256 MB");
+    const std::pair<Bytes, const char*> cases[] = {
+        {With(zip, entry + 16, {0}), "CRC mismatch"},
+        {With(zip, entry + 24, {6}), "its sizes do not agree"},
+        {With(zip, entry + 42, {0xFF, 0xFF, 0xFF, 0xFF}), "its place in the pack is damaged"},
+        {With(zip, entry + 20, {255, 0, 0, 0, 255}), "its place in the pack is damaged"},
+        // Deflated, with 200 MB promised by 7 bytes, or more than the limit by as many as fit.
+        {With(zip, entry + 10, {8, 0, 0, 0, 0, 0, 0, 0, 0, 0, 7, 0, 0, 0, 0, 0, 0, 12}),
+         "its sizes do not agree"},
+        {With(zip, entry + 20, {0, 0, 0, 64, 0, 0, 0, 64}), "it is larger than 256 MB"}};
+    for (const auto& [bytes, reason] : cases)
+        EXPECT_EQ(ReadFrom(bytes, "a"), std::string("error: ") + reason);
     EXPECT_EQ(ReasonOf(With(zip, FindLast(zip, "PK\5\6") + 8, {2, 0, 2, 0})), "its directory is damaged");
 }
 
