@@ -100,14 +100,13 @@ void RendererTest::Write(HTEXTURE texture, int x, int y, int width, int height, 
 
 hgeQuad RendererTest::Quad(float x, float y, float width, float height, HTEXTURE texture, DWORD color,
                            int blend) {
-    hgeQuad quad{};
-    quad.v[0] = {x, y, 0.5f, color, 0, 0};
-    quad.v[1] = {x + width, y, 0.5f, color, 1, 0};
-    quad.v[2] = {x + width, y + height, 0.5f, color, 1, 1};
-    quad.v[3] = {x, y + height, 0.5f, color, 0, 1};
-    quad.tex = texture;
-    quad.blend = blend;
-    return quad;
+    return {{{x, y, 0.5f, color, 0, 0},
+             {x + width, y, 0.5f, color, 1, 0},
+             {x + width, y + height, 0.5f, color, 1, 1},
+             {x, y + height, 0.5f, color, 0, 1}},
+            texture,
+            blend,
+            0};
 }
 
 void RendererTest::DrawQuad(float x, float y, float width, float height, HTEXTURE texture, DWORD color,

@@ -1,4 +1,4 @@
-// What is decided before a device sees it: areas, transformations, lines, vertices, ring places.
+// What is decided before a device sees it: areas, uploads, kinds of quads.
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
@@ -8,13 +8,11 @@
 #include "graphics/geometry.h"
 #include "graphics/pixel_shadow.h"
 #include "graphics/quad_writer.h"
-#include "graphics/ring_cursor.h"
 
 namespace test {
 
 using hge::Box;
 using hge::ClipBox;
-using hge::DeviceVertex;
 using hge::PixelShadow;
 using hge::QuadKind;
 using hge::Vertex;
@@ -31,25 +29,12 @@ TEST(ClipBoxTest, StaysOnTheSurface) {
     EXPECT_EQ(ClipBox(1, 2, most, most, 100, 100), (Box{1, 2, 100, 100}));
 }
 
-TEST(TransformTest, TurnsClockwiseAboutThePointAndMoves) {
-    hge::Transform transform(10, 10, 5, 0, std::acos(-1.0f) / 2, 2, 3);
-    float x = 11, y = 10;
-    transform.Apply(&x, &y);
-    EXPECT_NEAR(x, 15, 1e-4);
-    EXPECT_NEAR(y, 12, 1e-4) << "the x axis points down, twice as long";
-    EXPECT_TRUE(hge::Transform(10, 10, 5, 0, 1, 1, 0).identity());
-}
-
 TEST(PixelShadowTest, GivesOutOnlyAreasOfItsOwn) {
     PixelShadow shadow(8, 4);
-    for (auto [left, top, width, height] : {std::tuple{8, 0, 0, 0},
-                                            {0, 4, 0, 0},
-                                            {-1, 0, 2, 2},
-                                            {0, 0, 9, 1},
-                                            {7, 0, 2, 1},
-                                            {0, 0, -1, 1},
-                                            {0, 0, std::numeric_limits<int>::max(), 1},
-                                            {4, 3, 1, 2}})
+    int most = std::numeric_limits<int>::max();
+    const int areas[][4] = {{8, 0, 0, 0}, {0, 4, 0, 0},  {-1, 0, 2, 2},   {0, 0, 9, 1},
+                            {7, 0, 2, 1}, {0, 0, -1, 1}, {0, 0, most, 1}, {4, 3, 1, 2}};
+    for (auto [left, top, width, height] : areas)
         EXPECT_EQ(shadow.Lock(false, left, top, width, height), nullptr)
             << left << ' ' << top << ' ' << width;
     uint32_t* pixel = shadow.Lock(false, 3, 1, 2, 2);
@@ -98,35 +83,6 @@ TEST_F(QuadTest, TellsPlainFromTiledFromNonsense) {
                 EXPECT_EQ(Kind(), QuadKind::kNonsense);
                 v_[corner] = good;
             }
-}
-
-TEST_F(QuadTest, PlacesCoordinatesInTheirPage) {
-    DeviceVertex out[4];
-    hge::Placement placement{0.25f, 0.125f, 0.5f, 0.75f, 3};
-    hge::WriteQuad(v_, placement, hge::kModeAlphaBlend | hge::kModeColorAdd, out);
-    for (int i = 0; i < 4; ++i) {
-        EXPECT_EQ(out[i].x, v_[i].x);
-        EXPECT_EQ(out[i].y, v_[i].y);
-        EXPECT_EQ(out[i].color, v_[i].color);
-        EXPECT_EQ(out[i].u, 0.5f + 0.25f * v_[i].tx);
-        EXPECT_EQ(out[i].v, 0.75f + 0.125f * v_[i].ty);
-        EXPECT_EQ(out[i].mode, 0x00FFFF03u);
-    }
-}
-
-TEST(RingCursorTest, StartsAfreshWhenFullAndOnlyThen) {
-    hge::RingCursor cursor(3);
-    EXPECT_TRUE(cursor.fresh());
-    EXPECT_EQ(cursor.Add(), 0);
-    cursor.Drawn();
-    EXPECT_FALSE(cursor.fresh());
-    EXPECT_EQ(cursor.Add(), 1);
-    EXPECT_EQ(cursor.Add(), 2);
-    EXPECT_TRUE(cursor.full());
-    EXPECT_EQ(cursor.first(), 1);
-    EXPECT_EQ(cursor.pending(), 2);
-    cursor.Drawn();
-    EXPECT_TRUE(cursor.fresh());
 }
 
 }  // namespace test
