@@ -18,7 +18,8 @@ long LiveGdiObjects() {
     return std::count_if(table, table + 0x4000, [](const Entry& entry) { return entry.type != 0; });
 }
 
-struct CountingPlayer : FlashPlayer {
+struct StartedPlayer : FlashPlayer {
+    StartedPlayer() { StartAnimation("m.swf", 30, 20, nullptr); }
     void FlashAnimEnded() override { ++ends; }
     int ends = 0;
 };
@@ -31,8 +32,7 @@ class FlashPlayerTest : public FlashTest {
 TEST_F(FlashPlayerTest, LeavesNoGdiObject) {
     long before = 0;
     for (int life = 0; life < 20; ++life) {
-        FlashPlayer player;
-        player.StartAnimation("m.swf", 30, 20, nullptr);
+        StartedPlayer player;
         player.Render();
         player.RebuildBuffer();
         if (life == 0) before = LiveGdiObjects();
@@ -60,8 +60,7 @@ TEST_F(FlashPlayerTest, RefusesWhatCannotBeShown) {
 }
 
 TEST_F(FlashPlayerTest, KeepsTheFrameDirtyUntilADrawSucceedsAndStandsCallsBack) {
-    FlashPlayer player;
-    player.StartAnimation("m.swf", 30, 20, nullptr);
+    StartedPlayer player;
     control_->no_view = true;
     EXPECT_THAT(CallsOf([&] { EXPECT_EQ(player.Render(), 0); }), IsEmpty());
     control_->no_view = false;
@@ -86,8 +85,7 @@ TEST_F(FlashPlayerTest, LeavesAKeptSiteHarmless) {
 }
 
 TEST_F(FlashPlayerTest, PassesControlTextAndMouseOn) {
-    FlashPlayer player;
-    player.StartAnimation("m.swf", 30, 20, nullptr);
+    StartedPlayer player;
     EXPECT_THAT(CallsOf([&] {
                     player.Forward();
                     player.Back();
@@ -127,8 +125,7 @@ TEST_F(FlashPlayerTest, PassesControlTextAndMouseOn) {
 }
 
 TEST_F(FlashPlayerTest, TellsTheEndOnce) {
-    CountingPlayer player;
-    player.StartAnimation("m.swf", 30, 20, nullptr);
+    StartedPlayer player;
     player.SetLoopPlay(false);
     for (int frame = 0; frame < 5; ++frame) {
         EXPECT_EQ(player.Update(), 1);

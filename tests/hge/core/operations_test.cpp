@@ -88,8 +88,7 @@ TEST(Operations, AreHarmlessWithoutAStartedSystem) {
 }
 
 TEST(Operations, AreHarmlessWhileItRunsAndAfterIt) {
-    RunningHge hge;
-    ASSERT_TRUE(hge->System_Initiate());
+    StartedHge hge;
     DWORD before = Counters().textures;
     UseEverythingBadly(hge.hge);
     ASSERT_TRUE(hge->Gfx_BeginScene());
@@ -112,8 +111,7 @@ TEST(Operations, AreHarmlessWhileItRunsAndAfterIt) {
 }
 
 TEST(Operations, WriteToTheLogAndTheErrorMessage) {
-    RunningHge hge;
-    ASSERT_TRUE(hge->System_Initiate());
+    StartedHge hge;
     hge->System_Log("round %d of %s", 3, "five");
     EXPECT_THAT(ReadLog(), HasSubstr("round 3 of five"));
     EXPECT_EQ(hge->Texture_Load("bytes of no picture", 10), 0u);
@@ -137,8 +135,7 @@ void DrawQuadrants(HGE* hge) {
 }
 
 TEST(Snapshot, HoldsTheFrameAsDrawn) {
-    RunningHge hge;
-    ASSERT_TRUE(hge->System_Initiate());
+    StartedHge hge;
     hge.on_render = [&] { DrawQuadrants(hge.hge); };
     EXPECT_TRUE(hge.Run([](int frame) { return frame == 2; }));
     EXPECT_EQ(Counters().frames, 2u);
@@ -163,8 +160,7 @@ TEST(Snapshot, HoldsTheFrameAsDrawn) {
 }
 
 TEST(Snapshot, TakesAFreeNameAndRefusesBadOnes) {
-    RunningHge hge;
-    ASSERT_TRUE(hge->System_Initiate());
+    StartedHge hge;
     DrawQuadrants(hge.hge);
     std::string first = hge->Resource_MakePath("shot000.bmp");
     std::string second = hge->Resource_MakePath("shot001.bmp");

@@ -10,35 +10,25 @@ RunningHge* g_running = nullptr;
 std::function<bool(int)> g_frame;
 int g_frames = 0;
 
-void Note(const char* name) {
+bool Note(const char* name, const std::function<void()>& action = {}) {
     g_running->calls.push_back(name);
+    if (action) action();
+    return false;
 }
-
 bool OnFrame() {
-    Note("frame");
-    return g_frame(g_frames++);
+    return Note("frame") || g_frame(g_frames++);
 }
-
 bool OnRender() {
-    Note("render");
-    if (g_running->on_render) g_running->on_render();
-    return false;
+    return Note("render", g_running->on_render);
 }
-
 bool OnFocusLost() {
-    Note("focus lost");
-    if (g_running->on_focus_lost) g_running->on_focus_lost();
-    return false;
+    return Note("focus lost", g_running->on_focus_lost);
 }
-
 bool OnFocusGain() {
-    Note("focus gain");
-    return false;
+    return Note("focus gain");
 }
-
 bool OnExit() {
-    Note("exit");
-    return !g_running->on_exit || g_running->on_exit();
+    return Note("exit") || !g_running->on_exit || g_running->on_exit();
 }
 
 }  // namespace

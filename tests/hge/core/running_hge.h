@@ -1,5 +1,7 @@
 #pragma once
 
+#include <gtest/gtest.h>
+
 #include <functional>
 #include <string>
 #include <vector>
@@ -29,6 +31,10 @@ class RunningHge {
     std::function<void()> on_render, on_focus_lost;
     std::function<bool()> on_exit;
     std::vector<std::string> calls;
+};
+
+struct StartedHge : RunningHge {
+    StartedHge() { EXPECT_TRUE(hge->System_Initiate()) << hge->System_GetErrorMessage(); }
 };
 
 // The log as written so far.

@@ -118,8 +118,7 @@ TEST(Initiate, InAHostsWindowItIsAChild) {
 }
 
 TEST(States, SomeAreFixedWhileTheSystemRuns) {
-    RunningHge hge;
-    ASSERT_TRUE(hge->System_Initiate());
+    StartedHge hge;
     hge->System_SetState(HGE_SCREENWIDTH, 640);
     hge->System_SetState(HGE_ZBUFFER, true);
     EXPECT_EQ(hge->System_GetState(HGE_SCREENWIDTH), 320);
@@ -131,8 +130,7 @@ TEST(States, SomeAreFixedWhileTheSystemRuns) {
 }
 
 TEST(States, OthersApplyAtOnce) {
-    RunningHge hge;
-    ASSERT_TRUE(hge->System_Initiate());
+    StartedHge hge;
     hge->System_SetState(HGE_TITLE, "another title");
     EXPECT_EQ(Title(hge.window()), "another title");
     for (bool windowed : {false, true}) {
@@ -148,8 +146,7 @@ TEST(States, OthersApplyAtOnce) {
 }
 
 TEST(Loop, NeedsAFrameFunctionAndRunsOnce) {
-    RunningHge hge;
-    ASSERT_TRUE(hge->System_Initiate());
+    StartedHge hge;
     EXPECT_TRUE(hge.Run([&](int) {
         EXPECT_FALSE(hge->System_Start());
         EXPECT_THAT(hge->System_GetErrorMessage(), HasSubstr("the loop is running already"));
@@ -164,8 +161,7 @@ TEST(Loop, NeedsAFrameFunctionAndRunsOnce) {
 }
 
 TEST(Loop, ClosingTheWindowAsksTheHost) {
-    RunningHge hge;
-    ASSERT_TRUE(hge->System_Initiate());
+    StartedHge hge;
     int refusals = 1;
     hge.on_exit = [&] { return refusals-- <= 0; };
     EXPECT_TRUE(hge.Run([&](int frame) {
@@ -184,8 +180,7 @@ TEST(Loop, ClosingTheWindowAsksTheHost) {
 }
 
 TEST(Loop, WithoutTheFocusItWaitsUnlessToldNotTo) {
-    RunningHge hge;
-    ASSERT_TRUE(hge->System_Initiate());
+    StartedHge hge;
     hge.on_focus_lost = [&] { PostMessageA(hge.window(), WM_ACTIVATEAPP, TRUE, 0); };
     auto lose_focus = [&](int frame) {
         if (frame == 0) SendMessageA(hge.window(), WM_ACTIVATEAPP, FALSE, 0);
@@ -200,8 +195,7 @@ TEST(Loop, WithoutTheFocusItWaitsUnlessToldNotTo) {
 }
 
 TEST(Loop, SystemKeysOpenNoMenu) {
-    RunningHge hge;
-    ASSERT_TRUE(hge->System_Initiate());
+    StartedHge hge;
     // A menu would run a loop of its own and this test into its time limit.
     EXPECT_TRUE(hge.Run([&](int frame) {
         if (frame > 0) return true;
@@ -216,15 +210,13 @@ TEST(Loop, SystemKeysOpenNoMenu) {
 
 TEST(Loop, CallbacksMayShutDownOrReleaseTheLastReference) {
     {
-        RunningHge hge;
-        ASSERT_TRUE(hge->System_Initiate());
+        StartedHge hge;
         hge.on_render = [&] { hge->System_Shutdown(); };
         EXPECT_TRUE(hge.Run([](int) { return false; }));
         EXPECT_THAT(hge.calls, ElementsAre("frame", "render"));
         EXPECT_EQ(hge.window(), nullptr);
     }
-    RunningHge hge;
-    ASSERT_TRUE(hge->System_Initiate());
+    StartedHge hge;
     EXPECT_TRUE(hge.Run([&](int) {
         hge.Release();
         return true;
