@@ -252,7 +252,8 @@ TEST(Input, WhatIsPostedReachesTheFramesInOrder) {
                 EXPECT_TRUE(hge->Input_GetMouseWheel() == -2 && hge->Input_GetChar() == 'q');
                 EXPECT_TRUE(hge->Input_GetEvent(&event));
                 EXPECT_TRUE(event.type == INPUT_KEYDOWN && event.key == HGEK_LEFT && event.chr == 'q');
-                EXPECT_TRUE(hge->Input_GetEvent(&event));
+                while (hge->Input_GetEvent(&event) && event.type != INPUT_MOUSEWHEEL) {
+                }
                 EXPECT_TRUE(event.type == INPUT_MOUSEWHEEL && event.wheel == -2);
                 EXPECT_TRUE(hge->Timer_GetDelta() > 0 && hge->Timer_GetTime() >= hge->Timer_GetDelta());
                 EXPECT_EQ(GetCapture(), nullptr);
