@@ -158,7 +158,19 @@ void RecordingHge::Resource_Free(void* res) {
 
 bool RecordingHge::Resource_AttachPack(const char* filename, const char* password) {
     Record(__func__, filename, password);
-    return attach_result && filename;
+    if (!attach_result || !filename) return false;
+    packs.push_back(filename);
+    return true;
+}
+
+void RecordingHge::Resource_RemovePack(const char* filename) {
+    Record(__func__, filename);
+    if (filename) std::erase(packs, filename);
+}
+
+void RecordingHge::Resource_RemoveAllPacks() {
+    Record(__func__);
+    packs.clear();
 }
 
 char* RecordingHge::Resource_MakePath(const char* filename) {

@@ -50,6 +50,7 @@ class RecordingHge final : public UnusedHge {
     std::set<DWORD> effects;
     std::map<HCHANNEL, Channel> channels;
     std::map<void*, std::unique_ptr<char[]>> blocks;
+    std::vector<std::string> packs;
     int references = 0;
 
     // Calls in order as `Name(arguments)`; Calls leaves out getters, input and reference counting.
@@ -98,8 +99,8 @@ class RecordingHge final : public UnusedHge {
     void* CALL Resource_Load(const char* filename, DWORD* size) override;
     void CALL Resource_Free(void* res) override;
     bool CALL Resource_AttachPack(const char* filename, const char* password) override;
-    void CALL Resource_RemovePack(const char* filename) override { Record(__func__, filename); }
-    void CALL Resource_RemoveAllPacks() override { Record(__func__); }
+    void CALL Resource_RemovePack(const char* filename) override;
+    void CALL Resource_RemoveAllPacks() override;
     char* CALL Resource_MakePath(const char* filename) override;
 
     HEFFECT CALL Effect_Load(const char* filename, DWORD size) override;
