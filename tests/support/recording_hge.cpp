@@ -179,6 +179,26 @@ char* RecordingHge::Resource_MakePath(const char* filename) {
     return answer_.data();
 }
 
+void RecordingHge::Ini_SetInt(const char* section, const char* name, int value) {
+    Record(__func__, section, name, value);
+    ini_[std::string(section) + "/" + name] = std::to_string(value);
+}
+int RecordingHge::Ini_GetInt(const char* section, const char* name, int def_val) {
+    Record(__func__, section, name, def_val);
+    auto entry = ini_.find(std::string(section) + "/" + name);
+    return entry == ini_.end() ? def_val : std::stoi(entry->second);
+}
+void RecordingHge::Ini_SetString(const char* section, const char* name, const char* value) {
+    Record(__func__, section, name, value);
+    ini_[std::string(section) + "/" + name] = value ? value : "";
+}
+char* RecordingHge::Ini_GetString(const char* section, const char* name, const char* def_val) {
+    Record(__func__, section, name, def_val);
+    auto entry = ini_.find(std::string(section) + "/" + name);
+    answer_ = entry == ini_.end() ? def_val : entry->second;
+    return answer_.data();
+}
+
 HEFFECT RecordingHge::Effect_Load(const char* filename, DWORD size) {
     Record(__func__, Source{filename, size}, size);
     return !filename || missing.count(filename) ? 0 : *effects.insert(NewHandle()).first;

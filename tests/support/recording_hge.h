@@ -58,7 +58,7 @@ class RecordingHge final : public UnusedHge {
     std::vector<std::string> AllCalls() const { return calls_; }
     std::vector<std::string> CallsMatching(const std::string& prefix) const;
     // Frees of what is not live, locks left open, unbalanced scenes and releases, drawing with dead textures,
-    // operations that the kit has no use for.
+    // operations that nobody here has a use for.
     const std::vector<std::string>& Faults() const { return faults_; }
     // Forgets calls, faults and quads; script, states and holdings stay.
     void ClearCalls();
@@ -103,6 +103,12 @@ class RecordingHge final : public UnusedHge {
     void CALL Resource_RemoveAllPacks() override;
     char* CALL Resource_MakePath(const char* filename) override;
 
+    void CALL Ini_SetInt(const char* section, const char* name, int value) override;
+    int CALL Ini_GetInt(const char* section, const char* name, int def_val) override;
+    void CALL Ini_SetString(const char* section, const char* name, const char* value) override;
+    char* CALL Ini_GetString(const char* section, const char* name, const char* def_val) override;
+    float CALL Random_Float(float min, float max) override { return Give(min, __func__, min, max); }
+
     HEFFECT CALL Effect_Load(const char* filename, DWORD size) override;
     void CALL Effect_Free(HEFFECT eff) override;
     HCHANNEL CALL Effect_PlayEx(HEFFECT eff, int volume, int pan, float pitch, bool loop) override;
@@ -125,6 +131,7 @@ class RecordingHge final : public UnusedHge {
     void CALL Gfx_EndScene() override;
     void CALL Gfx_Clear(DWORD color) override { Record(__func__, recording_text::Colour{color}); }
     void CALL Gfx_RenderQuad(const hgeQuad* quad) override;
+    void CALL Gfx_SetClipping(int x, int y, int w, int h) override { Record(__func__, x, y, w, h); }
     HTARGET CALL Target_Create(int width, int height, bool zbuffer) override;
     void CALL Target_Free(HTARGET target) override;
     HTEXTURE CALL Target_GetTexture(HTARGET target) override;
@@ -166,6 +173,7 @@ class RecordingHge final : public UnusedHge {
     std::map<int, int> numbers_ = {{HGE_SCREENWIDTH, 800}, {HGE_SCREENHEIGHT, 600}};
     std::map<int, hgeCallback> functions_;
     std::map<int, std::string> texts_;
+    std::map<std::string, std::string> ini_;
     std::string answer_;
     bool in_scene_ = false;
 };
