@@ -1,7 +1,12 @@
+#include <gmock/gmock.h>
 #include <gtest/gtest.h>
+
+#include <cstdio>
 
 #include "drill2d/resources.h"
 #include "support/framework_fixture.h"
+
+using testing::HasSubstr;
 
 namespace {
 
@@ -21,21 +26,25 @@ class PacketsTest : public FrameworkTest {
 
     static std::string Pack(const std::string& name) { return TEST_DATA "\\" + name + ".zip"; }
 
+    static std::string ImageName(const std::string& pack, int index) {
+        char name[32];
+        std::snprintf(name, sizeof name, "%s_%03d.png", pack.c_str(), index);
+        return name;
+    }
+
     hgeCounters before_;
 };
 
 TEST_F(PacketsTest, SwitchingPacketsForALongTimeLeavesNothingBehind) {
     CGameResourceManager manager(hge_);
     for (int round = 0; round < kRounds; ++round) {
-        for (std::string name : {"one", "two"}) {
+        for (const char* name : {"one", "two"}) {
             std::string pack = Pack(name);
             manager.AttachPacket(pack.c_str());
             ASSERT_TRUE(manager.IsExistsPacket(pack)) << hge_->System_GetErrorMessage();
             manager.SetCurPacket(pack);
             for (int i = 0; i < kImages; ++i)
-                ASSERT_NE(
-                    manager.GetImage((name + std::to_string(1000 + i).replace(0, 1, "_") + ".png").c_str()),
-                    0u);
+                ASSERT_NE(manager.GetImage(ImageName(name, i).c_str()), 0u);
         }
         EXPECT_EQ(Counters().textures, before_.textures + 2 * kImages);
         EXPECT_EQ(Counters().resource_blocks, before_.resource_blocks + 2 * kImages);
@@ -64,6 +73,50 @@ TEST_F(PacketsTest, ASpriteWhosePacketWasFreedDrawsNothing) {
         manager.FreePacketResource(Pack("one"));
     }
     ExpectNothingMoreIsHeld();
+}
+
+TEST_F(PacketsTest, EachOwnerFreesItsOwnTextures) {
+    CGameResourceManager manager(hge_);
+    manager.AttachPacket(Pack("one").c_str());
+    manager.SetCurPacket(Pack("one"));
+    auto more = [this] { return Counters().textures - before_.textures; };
+    {
+        CGameSprite by_manager(&manager, "one_000.png", true), again(&manager, "one_000.png", true);
+        CGameSprite by_file("one_001.png");
+        CGameSprite over(hge_->Texture_Create(8, 8), 0);
+        CGameSprite cached;
+        EXPECT_TRUE(cached.load_tex("one_002.png", true));
+        EXPECT_EQ(more(), 4u);
+    }
+    EXPECT_EQ(more(), 2u) << "the manager's and the cache's";
+    manager.FreePacketResource(Pack("one"));
+    EXPECT_EQ(more(), 1u) << "the cache keeps its own";
+    hge_->Texture_Free(CGameResourceManager::getInstance()->find_tex("one_002.png"));
+}
+
+TEST_F(PacketsTest, TheLogSaysWhatCouldNotBeHadAndWhy) {
+    CGameResourceManager manager(hge_);
+    manager.AttachPacket(Pack("one").c_str());
+    manager.AttachPacket(Pack("names").c_str());
+    manager.SetCurPacket(Pack("names"));
+    EXPECT_EQ(manager.GetImage("nowhere.png"), 0u);
+    EXPECT_THAT(LogText(), HasSubstr("cannot load \"nowhere.png\": not in the packs \"" + Pack("names") +
+                                     "\", \"" + Pack("one") + "\", and "));
+    EXPECT_EQ(manager.GetImage("broken.png"), 0u);
+    EXPECT_THAT(LogText(), HasSubstr("cannot load texture \"broken.png\": "));
+    manager.AttachPacket("absent.zip");
+    EXPECT_THAT(LogText(), HasSubstr("cannot attach pack \"absent.zip\": "));
+    manager.FreePacketResource(Pack("names"));
+}
+
+TEST_F(PacketsTest, ChineseNamesAreFoundUnderTheCodePage) {
+    if (GetACP() != 936) GTEST_SKIP() << "the ANSI code page is " << GetACP();
+    CGameResourceManager manager(hge_);
+    manager.AttachPacket(Pack("names").c_str());
+    manager.SetCurPacket(Pack("names"));
+    CGameSprite sprite(&manager, "\xcd\xbc\xc6\xac.png", true);
+    EXPECT_EQ(sprite.GetWidth(true), 24);
+    manager.FreePacketResource(Pack("names"));
 }
 
 }  // namespace
