@@ -5,7 +5,7 @@
 start_screen() {
     local number='' answer
     exec {answer}< <(exec setpriv --pdeathsig TERM Xvfb -displayfd 3 -screen 0 800x600x24 +extension GLX \
-        -nolisten tcp 3>&1 >/dev/null 2>&1 8>&- 9>&-)
+        -nolisten tcp 3>&1 >/dev/null 2>&1 7>&- 8>&- 9>&-)
     screen_pid=$!
     read -r -t 30 -u "$answer" number || die "the virtual screen (Xvfb) does not start"
     exec {answer}<&-

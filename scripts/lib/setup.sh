@@ -27,21 +27,24 @@ wine_packages=(wine32 libgl1 libgl1-mesa-dri libgnutls30 libpulse0)
 wine_megabytes=1800
 
 set_up() {
-    is_set_up && return
+    [[ -z ${WINE:-} ]] || command -v "$WINE" >/dev/null || die "WINE=$WINE is no program"
+    tools_and_wine_are_there || one_at_a_time install_tools choose_wine
+    claim_prefix "$(chosen_wine)"
+    prefix_is_ready "$DRILL2D_PREFIX" || one_at_a_time make_prefix
+}
+
+tools_and_wine_are_there() {
+    [[ $(chosen_wine) && -z $(missing_tools) && ! -e $cache/tools.unfinished ]]
+}
+
+# one_at_a_time STEP...: the steps that change what all checkouts share.
+one_at_a_time() {
     mkdir -p "$cache/logs" "$cache/wine" 2>/dev/null || die "cannot create the cache folder $cache"
     exec 9>>"$cache/lock"
     wait_for_lock 9 "set-up"
-    install_tools
-    choose_wine
-    make_prefix
+    local each
+    for each in "$@"; do "$each"; done
     exec 9>&-
-}
-
-is_set_up() {
-    local choice
-    choice=$(chosen_wine)
-    [[ $choice && -z $(missing_tools) && ! -e $cache/tools.unfinished ]] &&
-        prefix_is_ready "$(prefix_of "$choice")"
 }
 
 # wait_for_lock FD WHAT: two commands at once take turns.
@@ -145,10 +148,6 @@ apt_counter() {
 
 choose_wine() {
     local program
-    if [[ ${WINE:-} ]]; then
-        command -v "$WINE" >/dev/null || die "WINE=$WINE is no program"
-        return
-    fi
     [[ -z $(chosen_wine) ]] || return 0
     if program=$(command -v wine) && runs_32_bit "$program"; then
         stamp "$wine_choice" "$wine_recipe $program"
@@ -267,8 +266,7 @@ make_it_run_here() {
 make_prefix() {
     local choice prefix making log=$cache/logs/prefix.log
     choice=$(chosen_wine)
-    prefix=$(prefix_of "$choice")
-    ! prefix_is_ready "$prefix" || return 0
+    prefix=$DRILL2D_PREFIX
     step 4 "Wine prefix: $prefix, about 15 s"
     making=$prefix
     # A folder that somebody else made keeps what it has.

@@ -19,11 +19,43 @@ chosen_wine() {
     fi
 }
 
-# A prefix belongs to one Wine: another version would convert it at every change.
-prefix_of() {
+# A prefix belongs to one Wine, as another version would convert it, and to one command at a time, as its desktop is
+# on one display: prefixes_of WINE lists those to choose from.
+prefixes_of() {
     local id=own
     [[ $1 == own ]] || id=$(cksum <<<"$1" | cut -d' ' -f1)
-    echo "${DRILL2D_PREFIX:-$cache/prefix-$id}"
+    if [[ ${DRILL2D_PREFIX:-} ]]; then
+        echo "$DRILL2D_PREFIX"
+    else
+        printf '%s\n' "$cache/prefix-$id" "$cache/prefix-$id-"{2..8}
+    fi
+}
+
+# claim_prefix WINE: takes the first prefix that is free, on descriptor 7, and leaves its name to what we start.
+claim_prefix() {
+    local candidate
+    while read -r candidate; do
+        mkdir -p "$(dirname "$candidate")" 2>/dev/null || die "cannot create $(dirname "$candidate")"
+        { exec 7>>"$candidate.lock"; } 2>/dev/null || die "cannot write $candidate.lock"
+        if flock -n 7; then
+            export DRILL2D_PREFIX=$candidate
+            return
+        fi
+    done < <(prefixes_of "$1")
+    wait_for_lock 7 "its Wine prefix, $candidate"
+    export DRILL2D_PREFIX=$candidate
+}
+
+# free_prefix WINE: the first ready one that no command has claimed, for a program started by hand.
+free_prefix() {
+    local candidate
+    while read -r candidate; do
+        prefix_is_ready "$candidate" || continue
+        if [[ ${DRILL2D_PREFIX:-} ]] || flock -n "$candidate.lock" true 2>/dev/null; then
+            echo "$candidate"
+            return
+        fi
+    done < <(prefixes_of "$1")
 }
 
 prefix_is_ready() { [[ $(cat "$1/.drill2d" 2>/dev/null) == "$prefix_recipe" ]]; }
@@ -55,7 +87,7 @@ offer_locale() {
 }
 
 # Wine's server outlives the program: it must not inherit the locks.
-run_wine() { env "${wine_environment[@]}" "$wine" "$@" 8>&- 9>&-; }
+run_wine() { env "${wine_environment[@]}" "$wine" "$@" 7>&- 8>&- 9>&-; }
 
 # Wine's desktop belongs to the display of the program that started it. Before a program comes to another
 # display it waits for the old desktop to go, which it does a few seconds after its last program.
@@ -64,16 +96,16 @@ settle_on_display() {
     # Numbers are used again: the time of its socket tells two displays apart.
     display="$DISPLAY $(stat -c %y "/tmp/.X11-unix/X${number%.*}" 2>/dev/null)" || :
     [[ $(cat "$note" 2>/dev/null) != "$display" ]] || return 0
-    env "${wine_environment[@]}" timeout 10 "$wine_server" -w 8>&- 9>&- >/dev/null 2>&1 || :
+    env "${wine_environment[@]}" timeout 10 "$wine_server" -w 7>&- 8>&- 9>&- >/dev/null 2>&1 || :
     { echo "$display" >"$note"; } 2>/dev/null || :
     # A single program need not keep the next one waiting: its desktop may go with it.
     [[ -z ${WINE_LINGER:-} ]] ||
-        env "${wine_environment[@]}" "$wine_server" "-p$WINE_LINGER" 8>&- 9>&- >/dev/null 2>&1 || :
+        env "${wine_environment[@]}" "$wine_server" "-p$WINE_LINGER" 7>&- 8>&- 9>&- >/dev/null 2>&1 || :
 }
 
 # Ends what runs in the prefix in use.
 stop_wine() {
-    env "${wine_environment[@]}" "$wine_server" -k 8>&- 9>&- >/dev/null 2>&1 || :
+    env "${wine_environment[@]}" "$wine_server" -k 7>&- 8>&- 9>&- >/dev/null 2>&1 || :
 }
 
 windows_path() {

@@ -47,6 +47,7 @@ WINE='' refuses 2 "not set up: run ./test once" "$root/scripts/wine-run" x.exe
 equal "folders made by wrong arguments" "$(cd "$work" && echo *)" "err out"
 "$root/run" --help | grep -q 'Examples: .*hello' || equal "help" "without the examples" "with them"
 
+WINE=$work/none refuses 1 "WINE=.* is no program" "$root/test"
 touch "$work/file"
 DRILL2D_CACHE=$work/file/cache refuses 1 "cannot create the cache folder" "$root/test"
 
