@@ -6,7 +6,8 @@ work=$(mktemp -d)
 trap 'e2e_cleanup; rm -rf "$work"' EXIT
 
 echo "the archive holds stripped DLLs and no path of the machine that made it"
-(cd "$work" && cmake -E tar xf "$1")
+# Its file names are in UTF-8, which tar takes only where the locale says so.
+(cd "$work" && LC_ALL=C.UTF-8 cmake -E tar xf "$1")
 sdk=$(echo "$work"/drill2d-*)
 for dll in hge drill2d; do
     ! i686-w64-mingw32-objdump -h "$sdk/bin/$dll.dll" | grep -q '\.debug' || fail "$dll.dll has debug information"
