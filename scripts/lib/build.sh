@@ -2,6 +2,8 @@
 # Configuring and building the checkout into build/. Uses: root, cache, progress.sh.
 
 build=$root/build
+# Archives hold names that the C locale of a bare machine cannot express.
+export LC_ALL=C.UTF-8
 
 # build_targets TARGET...
 build_targets() {

@@ -61,7 +61,8 @@ watch() {
     : 2>/dev/null >"$log" || die "cannot write $log"
     "$@" >>"$log" 2>&1 </dev/null &
     local tool=$!
-    tick "$log" "$counter" &
+    # Its last pause may outlive it by seconds: without our locks.
+    tick "$log" "$counter" 7>&- 8>&- 9>&- &
     ticker=$!
     wait "$tool" || status=$?
     kill "$ticker" 2>/dev/null || :
