@@ -20,9 +20,13 @@ cd "$work/game"
 cmake -G Ninja -B build --toolchain "$sdk/cmake/mingw-w64-i686.cmake" >"$work/log" || { cat "$work/log"; fail "configuring"; }
 cmake --build build >"$work/log" || { cat "$work/log"; fail "building"; }
 
-echo "without the toolchain file the package says what is wrong"
-! cmake -G Ninja -B native -DCMAKE_PREFIX_PATH="$sdk" >"$work/log" 2>&1 || fail "a native build was configured"
-tr -s ' \n' ' ' <"$work/log" | grep -q 'give --toolchain cmake/mingw-w64-i686.cmake' || { cat "$work/log"; fail "no word of it"; }
+if command -v c++ >/dev/null; then
+    echo "without the toolchain file the package says what is wrong"
+    ! cmake -G Ninja -B native -DCMAKE_PREFIX_PATH="$sdk" >"$work/log" 2>&1 || fail "a native build was configured"
+    tr -s ' \n' ' ' <"$work/log" | grep -q 'give --toolchain cmake/mingw-w64-i686.cmake' || { cat "$work/log"; fail "no word of it"; }
+else
+    echo "no compiler of this machine that the toolchain file could be forgotten for"
+fi
 
 echo "it shows its picture"
 start_screen 800x600
