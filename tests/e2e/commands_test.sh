@@ -40,6 +40,11 @@ done
 refuses 2 "--seconds takes a whole number" "$root/run" --seconds ''
 refuses 2 "cannot write a picture into '$work/none'" "$root/run" --screenshot "$work/none/a.png"
 refuses 2 "ending in .png" "$root/run" --screenshot "$work/a.txt"
+for minutes in 0 -1 1441 abc ''; do
+    refuses 2 "--minutes takes a number" "$root/run" soak --minutes "$minutes"
+done
+refuses 2 "--seed takes a whole number" "$root/run" soak --seed 4294967296
+refuses 2 "unknown argument hello" "$root/run" soak hello
 refuses 2 "unknown argument hello" "$root/test" hello
 refuses 2 "-R needs" "$root/test" -R
 refuses 2 "which program" "$root/scripts/wine-run"
