@@ -45,6 +45,9 @@ for minutes in 0 -1 1441 abc ''; do
 done
 refuses 2 "--seed takes a whole number" "$root/run" soak --seed 4294967296
 refuses 2 "unknown argument hello" "$root/run" soak hello
+refuses 2 "unknown argument --fast" "$root/run" bench --fast
+refuses 2 "--scene needs a value" "$root/run" bench --scene
+refuses 2 "no such folder" "$root/run" bench --csv "$work/none/a.csv"
 refuses 2 "unknown argument hello" "$root/test" hello
 refuses 2 "-R needs" "$root/test" -R
 refuses 2 "which program" "$root/scripts/wine-run"
