@@ -10,8 +10,9 @@ namespace hge {
 // What a handle names; kept in its top bits, so that a handle of another kind is foreign.
 enum class HandleKind : uint32_t { kTexture = 1, kTarget, kEffect, kMusic, kStream, kChannel };
 
-// Owns objects behind 32-bit ids: kind (4 bits), generation (10 bits), slot (18 bits). 0 is never an id.
-// A dead or foreign id finds nothing; a slot's id repeats only after 1023 reuses of that slot.
+// Owns objects behind 32-bit ids: kind (4 bits), generation (10 bits), slot (18 bits). 0 is never an id, nor
+// is any of slot 0. A dead or foreign id finds nothing; a slot's id repeats only after 1023 reuses of that
+// slot.
 template <class T, HandleKind kKind>
 class HandleTable {
  public:
@@ -74,7 +75,7 @@ class HandleTable {
         return static_cast<uint32_t>(entries_.size() - 1);
     }
 
-    std::vector<Entry> entries_;
+    std::vector<Entry> entries_ = std::vector<Entry>(1);
     std::vector<uint32_t> free_;
     size_t size_ = 0;
 };

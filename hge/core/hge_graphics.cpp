@@ -47,7 +47,12 @@ void HgeImpl::Gfx_RenderTriple(const hgeTriple* triple) {
     Guarded("Gfx_RenderTriple", [&] { graphics_.RenderTriple(triple); });
 }
 
+// No guard on the way that nearly all quads take, nor anything else that asks for a stack frame.
 void HgeImpl::Gfx_RenderQuad(const hgeQuad* quad) {
+    if (!graphics_.AddQuad(quad)) RenderUnusualQuad(quad);
+}
+
+__attribute__((noinline)) void HgeImpl::RenderUnusualQuad(const hgeQuad* quad) {
     Guarded("Gfx_RenderQuad", [&] { graphics_.RenderQuad(quad); });
 }
 

@@ -191,6 +191,7 @@ class HgeImpl final : public HGE {
     void Apply(hgeIntState state, int value);
     void Apply(hgeStringState state, const std::string& value);
 
+    void CALL RenderUnusualQuad(const hgeQuad* quad);
     HTEXTURE LoadTexture(const char* filename, DWORD size, bool mipmaps);
 
     static HgeImpl* instance_;

@@ -14,10 +14,6 @@ namespace {
 static_assert(sizeof(Vertex) == sizeof(hgeVertex) && offsetof(Vertex, color) == offsetof(hgeVertex, col) &&
               offsetof(Vertex, tx) == offsetof(hgeVertex, tx));
 
-const Vertex* Corners(const hgeVertex* v) {
-    return reinterpret_cast<const Vertex*>(v);
-}
-
 struct Target {
     HTEXTURE texture = 0;
     int width = 0, height = 0;
@@ -38,8 +34,10 @@ struct HostBatch {
 }  // namespace
 
 struct Graphics::Impl {
-    explicit Impl(Log& the_log)
-        : log(the_log), textures(log, device, [this] { scene.Flush(); }), scene(log, device, textures) {}
+    Impl(Log& the_log, QuadStream& stream)
+        : log(the_log),
+          textures(log, device, stream, [this] { scene.Flush(); }),
+          scene(log, device, stream, textures) {}
 
     bool CheckSettings() const;
     bool CreateDevice();
@@ -168,7 +166,7 @@ void Graphics::Impl::DrawHostBatch(int count) {
     }
 }
 
-Graphics::Graphics(Log& log) : impl_(std::make_unique<Impl>(log)) {}
+Graphics::Graphics(Log& log) : impl_(std::make_unique<Impl>(log, stream_)) {}
 
 Graphics::~Graphics() {
     Stop();

@@ -3,6 +3,7 @@
 #include <memory>
 
 #include "core/log.h"
+#include "graphics/quad_stream.h"
 #include "hge.h"
 #include "hgecounters.h"
 #include "resources/image.h"
@@ -41,6 +42,10 @@ class Graphics {
     void Clear(DWORD color);
     void RenderLine(float x1, float y1, float x2, float y2, DWORD color, float z);
     void RenderTriple(const hgeTriple* triple);
+    // False when the quad is not drawn yet: RenderQuad sees to what it needs.
+    bool AddQuad(const hgeQuad* quad) {
+        return quad && stream_.AddAsIs(Corners(quad->v), quad->tex, quad->tex2, quad->blend);
+    }
     void RenderQuad(const hgeQuad* quad);
     hgeVertex* StartBatch(int prim_type, HTEXTURE tex, int blend, int* max_prim);
     void FinishBatch(int nprim);
@@ -74,6 +79,11 @@ class Graphics {
 
  private:
     struct Impl;
+
+    static const Vertex* Corners(const hgeVertex* v) { return reinterpret_cast<const Vertex*>(v); }
+
+    // Here, where quads need no call to reach it.
+    QuadStream stream_;
     std::unique_ptr<Impl> impl_;
 };
 

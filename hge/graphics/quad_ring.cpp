@@ -38,25 +38,21 @@ bool QuadRing::Create(const Device& device) {
 void QuadRing::Destroy() {
     vertices_.Reset();
     indices_.Reset();
-    mapped_ = nullptr;
     cursor_ = RingCursor(kQuads);
 }
 
-bool QuadRing::Map(const Device& device) {
+DeviceVertex* QuadRing::Map(const Device& device) {
     D3D11_MAPPED_SUBRESOURCE mapped{};
     D3D11_MAP how = cursor_.fresh() ? D3D11_MAP_WRITE_DISCARD : D3D11_MAP_WRITE_NO_OVERWRITE;
-    if (FAILED(device.context()->Map(vertices_.Get(), 0, how, 0, &mapped))) return false;
-    mapped_ = static_cast<DeviceVertex*>(mapped.pData);
+    if (FAILED(device.context()->Map(vertices_.Get(), 0, how, 0, &mapped))) return nullptr;
     ++maps_;
-    return true;
+    return static_cast<DeviceVertex*>(mapped.pData) + 4 * cursor_.first();
 }
 
-void QuadRing::Draw(const Device& device) {
+void QuadRing::Draw(const Device& device, int quads) {
     device.context()->Unmap(vertices_.Get(), 0);
-    mapped_ = nullptr;
-    device.context()->DrawIndexed(static_cast<UINT>(cursor_.pending() * 6),
-                                  static_cast<UINT>(cursor_.first() * 6), 0);
-    cursor_.Drawn();
+    device.context()->DrawIndexed(static_cast<UINT>(quads * 6), static_cast<UINT>(cursor_.first() * 6), 0);
+    cursor_.Add(quads);
 }
 
 void QuadRing::Bind(const Device& device) const {

@@ -15,27 +15,20 @@ class QuadRing {
     bool Create(const Device& device);
     void Destroy();
 
-    bool full() const { return cursor_.full(); }
-    bool pending() const { return cursor_.pending() > 0; }
-    // Room for the next quad's four corners; null when the device refuses. Not when full.
-    DeviceVertex* Next(const Device& device) {
-        if (!mapped_ && !Map(device)) return nullptr;
-        return mapped_ + 4 * cursor_.Add();
-    }
-    // Draws what was written since the last time.
-    void Draw(const Device& device);
+    // Memory for the next quads' corners, four each, for room() quads; null when the device refuses.
+    DeviceVertex* Map(const Device& device);
+    int room() const { return cursor_.room(); }
+    // Draws the quads, at least one, that were written since.
+    void Draw(const Device& device, int quads);
     void Bind(const Device& device) const;
 
     DWORD maps() const { return maps_; }
     void ResetMaps() { maps_ = 0; }
 
  private:
-    bool Map(const Device& device);
-
     ComPtr<ID3D11Buffer> vertices_;
     ComPtr<ID3D11Buffer> indices_;
     RingCursor cursor_{kQuads};
-    DeviceVertex* mapped_ = nullptr;
     DWORD maps_ = 0;
 };
 

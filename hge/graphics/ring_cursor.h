@@ -2,29 +2,23 @@
 
 namespace hge {
 
-// Where the next element of a ring goes and which ones wait to be drawn.
+// Where the next elements of a ring go.
 class RingCursor {
  public:
     explicit RingCursor(int capacity) : capacity_(capacity) {}
 
-    bool full() const { return end_ == capacity_; }
     int first() const { return first_; }
-    int pending() const { return end_ - first_; }
+    // Elements up to the end of the ring, at least one.
+    int room() const { return capacity_ - first_; }
     // At the start of the ring the memory is a new one; later the rest of it is written.
-    bool fresh() const { return end_ == 0; }
+    bool fresh() const { return first_ == 0; }
 
-    // Index of one element more. Not when full.
-    int Add() { return end_++; }
-    // What was pending is drawn; a full ring starts afresh.
-    void Drawn() {
-        if (full()) end_ = 0;
-        first_ = end_;
-    }
+    // At most as many as there is room for; a full ring starts afresh.
+    void Add(int elements) { first_ = elements == room() ? 0 : first_ + elements; }
 
  private:
     int capacity_;
     int first_ = 0;
-    int end_ = 0;
 };
 
 }  // namespace hge

@@ -2,15 +2,21 @@
 
 #include <cstring>
 
-#include "graphics/quad_writer.h"
 #include "hge.h"
 
 namespace hge {
 
 namespace {
 
-uint32_t ModeOf(int blend) {
-    return (blend & BLEND_ALPHABLEND ? kModeAlphaBlend : 0) | (blend & BLEND_COLORADD ? kModeColorAdd : 0);
+static_assert(quad_detail::kModes[BLEND_ALPHABLEND] == kModeAlphaBlend &&
+              quad_detail::kModes[BLEND_COLORADD] == kModeColorAdd);
+
+// White is the same everywhere, whatever a host left in the coordinates.
+const Vertex* WithoutCoordinates(const Vertex* corners, Vertex (&flat)[4]) {
+    std::memcpy(flat, corners, sizeof flat);
+    for (Vertex& corner : flat)
+        corner.tx = corner.ty = 0;
+    return flat;
 }
 
 float Channel(uint32_t color, int shift) {
@@ -19,8 +25,8 @@ float Channel(uint32_t color, int shift) {
 
 }  // namespace
 
-Scene::Scene(Log& log, const Device& device, TextureStore& textures)
-    : log_(log), device_(device), textures_(textures) {}
+Scene::Scene(Log& log, const Device& device, QuadStream& stream, TextureStore& textures)
+    : log_(log), device_(device), stream_(stream), textures_(textures) {}
 
 bool Scene::Start() {
     Stop();
@@ -37,6 +43,7 @@ bool Scene::Start() {
 void Scene::Stop() {
     open_ = false;
     surface_ = {};
+    stream_.Close();
     effect_.Release();
     ring_.Destroy();
     pipeline_.Destroy();
@@ -51,7 +58,8 @@ void Scene::Begin(const Surface& surface, uint32_t target) {
     surface_ = surface;
     target_ = target;
     open_ = true;
-    transform_ = {};
+    SetTransform({});
+    stream_.SetDepthBit(surface.depth ? BLEND_ZWRITE : 0);
     clip_ = ClipBox(0, 0, 0, 0, surface.width, surface.height);
     pipeline_.SetSurface(device_, surface);
     pipeline_.SetClip(device_, clip_);
@@ -76,11 +84,12 @@ void Scene::Clear(uint32_t color) {
 }
 
 void Scene::Flush() {
-    if (!ring_.pending()) return;
-    pipeline_.SetSource(device_, *source_, filter_);
-    pipeline_.SetDepth(device_, write_depth_);
-    ring_.Draw(device_);
-    textures_.NextBatch();
+    if (!stream_.pending()) return;
+    pipeline_.SetSource(device_, *stream_.source(), filter_);
+    pipeline_.SetDepth(device_, stream_.writes_depth());
+    int quads = stream_.Close();
+    ring_.Draw(device_, quads);
+    quads_ += static_cast<DWORD>(quads);
     ++draws_;
 }
 
@@ -98,6 +107,11 @@ void Scene::SetClipping(int x, int y, int w, int h) {
     pipeline_.SetClip(device_, clip_);
 }
 
+void Scene::SetTransform(const Transform& transform) {
+    transform_ = transform;
+    stream_.SetTransformed(!transform.identity());
+}
+
 Texture* Scene::RefuseTexture(uint32_t id, const Texture* texture) {
     if (texture)
         log_.WriteOnce("draw self", "graphics: a target cannot be drawn into itself");
@@ -106,7 +120,7 @@ Texture* Scene::RefuseTexture(uint32_t id, const Texture* texture) {
     return nullptr;
 }
 
-inline Texture* Scene::FindTexture(uint32_t id) {
+Texture* Scene::FindTexture(uint32_t id) {
     if (!id) return &textures_.white();
     Texture* texture = textures_.Find(id);
     bool usable = texture && (!texture->target || texture->target != target_);
@@ -121,36 +135,29 @@ void Scene::RefuseRoom() {
     log_.WriteOnce("room", "graphics: the device has no room for a texture or for vertices; quads are lost");
 }
 
-inline DeviceVertex* Scene::Room(const TextureSource* source, bool write_depth) {
-    if (source != source_ || write_depth != write_depth_) {
-        Flush();
-        source_ = source;
-        write_depth_ = write_depth;
-    }
-    return ring_.Next(device_);
+bool Scene::MakeRoom(const TextureSource* source, int blend) {
+    if (stream_.Takes(source, blend)) return true;
+    Flush();
+    DeviceVertex* room = ring_.Map(device_);
+    if (room) stream_.Open(source, blend, room, ring_.room());
+    return room != nullptr;
 }
 
-void Scene::Submit(const Vertex* corners, uint32_t id, int blend) {
+inline void Scene::Submit(const Vertex* corners, uint32_t texture, int blend) {
+    if (!stream_.Add(corners, texture, blend)) SubmitSlowly(corners, texture, blend);
+}
+
+// Whatever the quad's texture, the batch or the device need first.
+void Scene::SubmitSlowly(const Vertex* corners, uint32_t id, int blend) {
     Texture* texture = FindTexture(id);
     if (!texture) return;
-    bool tiled = false;
-    if (id) {
-        QuadKind kind = Classify(corners);
-        if (kind == QuadKind::kNonsense) return RefuseNonsense();
-        tiled = kind == QuadKind::kTiled;
-    } else if (!PositionsAreSane(corners)) {
-        return RefuseNonsense();
-    }
-    const TextureSource* source = textures_.Prepare(*texture, tiled);
-    DeviceVertex* room = source ? Room(source, blend & BLEND_ZWRITE && surface_.depth) : nullptr;
-    if (!room) return RefuseRoom();
-    if (id)
-        WriteQuad(corners, texture->placement, ModeOf(blend), room);
-    else
-        WriteFlatQuad(corners, texture->placement, ModeOf(blend), room);
-    texture->batch = textures_.batch();
-    ++quads_;
-    if (ring_.full()) Flush();
+    Vertex flat[4];
+    if (!id) corners = WithoutCoordinates(corners, flat);
+    QuadKind kind = Classify(corners);
+    if (kind == QuadKind::kNonsense) return RefuseNonsense();
+    const TextureSource* source = textures_.Prepare(*texture, kind == QuadKind::kTiled);
+    if (!source || !MakeRoom(source, blend)) return RefuseRoom();
+    stream_.Write(corners, stream_.textures().At(id), blend);
 }
 
 bool Scene::MakeInput(uint32_t id, bool tiled, EffectInput* input) {
@@ -158,7 +165,7 @@ bool Scene::MakeInput(uint32_t id, bool tiled, EffectInput* input) {
     if (!texture) return false;
     input->source = textures_.Prepare(*texture, id && tiled);
     if (!input->source) RefuseRoom();
-    input->placement = texture->placement;
+    input->placement = stream_.textures().At(id).placement;
     input->width = texture->width;
     input->height = texture->height;
     return input->source != nullptr;
@@ -176,19 +183,19 @@ void Scene::QuadThroughEffect(const Vertex* corners, uint32_t first, uint32_t se
     EffectInput inputs[2];
     bool tiled = kind == QuadKind::kTiled;
     if (!MakeInput(first, tiled, &inputs[0]) || !MakeInput(second, tiled, &inputs[1])) return;
-    DeviceVertex* room = ring_.Next(device_);
+    DeviceVertex* room = ring_.Map(device_);
     if (!room) return RefuseRoom();
     WriteQuad(moved, Placement(), 0, room);
     DrawThroughEffect(inputs[0], inputs[1], blend);
-    ++quads_;
 }
 
 void Scene::DrawThroughEffect(const EffectInput& first, const EffectInput& second, int blend) {
     effect_.Bind(device_, first, second, surface_);
     pipeline_.SetEffectSources(device_, *first.source, *second.source, filter_, !(blend & BLEND_ALPHABLEND));
     pipeline_.SetDepth(device_, blend & BLEND_ZWRITE);
-    ring_.Draw(device_);
+    ring_.Draw(device_, 1);
     pipeline_.EndEffect(device_);
+    ++quads_;
     ++draws_;
 }
 
@@ -209,7 +216,8 @@ void Scene::Triple(const Vertex* corners, uint32_t texture, int blend) {
     Quad(four, texture, blend);
 }
 
-void Scene::SubmitMoved(const Vertex* corners, uint32_t texture, int blend) {
+void Scene::Quad(const Vertex* corners, uint32_t texture, int blend) {
+    if (transform_.identity()) return Submit(corners, texture, blend);
     Vertex moved[4];
     std::memcpy(moved, corners, sizeof moved);
     for (Vertex& corner : moved)

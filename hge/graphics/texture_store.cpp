@@ -14,8 +14,8 @@ constexpr int kConstantly = 8;  // frames in a row
 
 }  // namespace
 
-TextureStore::TextureStore(Log& log, const Device& device, std::function<void()> flush)
-    : log_(log), device_(device), flush_(std::move(flush)), atlas_(kPageSize, kMaxPages) {}
+TextureStore::TextureStore(Log& log, const Device& device, QuadStream& stream, std::function<void()> flush)
+    : log_(log), device_(device), stream_(stream), flush_(std::move(flush)), atlas_(kPageSize, kMaxPages) {}
 
 bool TextureStore::Start() {
     Stop();
@@ -23,7 +23,13 @@ bool TextureStore::Start() {
     white_ = Texture();
     white_.width = white_.height = 1;
     white_.shadow = PixelShadow(1, 1, {0xFFFFFFFF});
-    return Place(white_);
+    if (!Place(white_)) return false;
+    // Its middle, wherever in it a quad's corners are.
+    Placement& placement = RecordOf(white_).placement;
+    placement.u_offset += placement.u_scale / 2;
+    placement.v_offset += placement.v_scale / 2;
+    placement.u_scale = placement.v_scale = 0;
+    return true;
 }
 
 void TextureStore::Stop() {
@@ -31,6 +37,7 @@ void TextureStore::Stop() {
     textures_.ForEach([&](uint32_t id, const Texture&) { ids.push_back(id); });
     for (uint32_t id : ids)
         textures_.Remove(id);
+    stream_.textures().Clear();
     atlas_ = Atlas(kPageSize, kMaxPages);
     pages_ = {};
     slices_ = 0;
@@ -40,15 +47,25 @@ bool TextureStore::Restore() {
     pages_ = {};
     slices_ = 0;
     bool whole = GrowPages(atlas_.pages());
-    white_.dirty = white_.whole();
+    MarkDirty(white_, white_.whole());
     textures_.ForEach([&](uint32_t, Texture& texture) {
         if (texture.target) return;
         bool wrap = texture.own.wrap;
         if (!texture.in_atlas) whole &= StandAlone(texture);
         texture.own.wrap = wrap;
-        texture.dirty = texture.whole();
+        MarkDirty(texture, texture.whole());
     });
     return whole;
+}
+
+uint32_t TextureStore::Insert(std::unique_ptr<Texture> texture) {
+    // Whatever slot it gets, that of white comes before the first.
+    stream_.textures().Reserve(textures_.size() + 2);
+    uint32_t id = textures_.Insert(std::move(texture));
+    if (!id) return 0;
+    Find(id)->id = id;
+    stream_.textures().Start(id);
+    return id;
 }
 
 uint32_t TextureStore::Create(PixelShadow shadow, bool mipmaps, const char* name) {
@@ -58,7 +75,7 @@ uint32_t TextureStore::Create(PixelShadow shadow, bool mipmaps, const char* name
     texture.height = shadow.height();
     texture.shadow = std::move(shadow);
     texture.mipmaps = mipmaps;
-    uint32_t id = textures_.Insert(std::move(made));
+    uint32_t id = Insert(std::move(made));
     if (!id) {
         log_.Fail("cannot create the texture \"%s\": there are too many", name);
     } else if (!Place(texture)) {
@@ -76,7 +93,7 @@ uint32_t TextureStore::CreateForTarget(uint32_t target, int width, int height, T
     texture->height = height;
     texture->target = target;
     texture->own = std::move(source);
-    return textures_.Insert(std::move(texture));
+    return Insert(std::move(texture));
 }
 
 void TextureStore::Free(uint32_t id) {
@@ -84,6 +101,7 @@ void TextureStore::Free(uint32_t id) {
     if (!texture) return;
     FlushIfPending(*texture);
     LeaveAtlas(*texture);
+    RecordOf(*texture).source = nullptr;
     textures_.Remove(id);
 }
 
@@ -116,11 +134,16 @@ void TextureStore::Unlock(uint32_t id) {
         log_.WriteOnce("unlock", "Texture_Unlock: %08X is no locked texture", id);
         return;
     }
-    texture->dirty = Union(texture->dirty, changed);
+    if (!changed.empty()) MarkDirty(*texture, Union(texture->dirty, changed));
+}
+
+void TextureStore::MarkDirty(Texture& texture, const Box& box) {
+    texture.dirty = box;
+    RecordOf(texture).source = nullptr;
 }
 
 bool TextureStore::Place(Texture& texture) {
-    texture.dirty = texture.whole();
+    MarkDirty(texture, texture.whole());
     bool small = std::max(texture.width, texture.height) <= kLargestInAtlas;
     if (small && !texture.mipmaps && PlaceInAtlas(texture)) return true;
     return StandAlone(texture);
@@ -136,10 +159,10 @@ bool TextureStore::PlaceInAtlas(Texture& texture) {
     constexpr float kTexel = 1.0f / kPageSize;
     texture.in_atlas = true;
     texture.slot = *slot;
-    texture.placement = {static_cast<float>(texture.width) * kTexel,
-                         static_cast<float>(texture.height) * kTexel,
-                         static_cast<float>(slot->x + 1) * kTexel, static_cast<float>(slot->y + 1) * kTexel,
-                         static_cast<uint32_t>(slot->page)};
+    RecordOf(texture).placement = {
+        static_cast<float>(texture.width) * kTexel, static_cast<float>(texture.height) * kTexel,
+        static_cast<float>(slot->x + 1) * kTexel, static_cast<float>(slot->y + 1) * kTexel,
+        static_cast<uint32_t>(slot->page)};
     return true;
 }
 
@@ -147,7 +170,7 @@ void TextureStore::LeaveAtlas(Texture& texture) {
     if (!texture.in_atlas) return;
     atlas_.Free(texture.slot);
     texture.in_atlas = false;
-    texture.placement = {};
+    RecordOf(texture).placement = {};
 }
 
 bool TextureStore::GrowPages(int pages) {
@@ -177,7 +200,7 @@ bool TextureStore::Repeat(Texture& texture) {
     if (texture.in_atlas) {
         if (!StandAlone(texture)) return false;
         LeaveAtlas(texture);
-        texture.dirty = texture.whole();
+        MarkDirty(texture, texture.whole());
     }
     return texture.own.wrap = true;
 }
@@ -192,14 +215,16 @@ bool TextureStore::RewrittenConstantly(Texture& texture) {
 }
 
 void TextureStore::FlushIfPending(const Texture& texture) {
-    if (texture.batch == batch_) flush_();
+    if (RecordOf(texture).batch == stream_.batch()) flush_();
 }
 
-bool TextureStore::MakeReady(Texture& texture, bool tiled) {
-    if (tiled && !texture.own.wrap && !Repeat(texture)) return false;
-    if (!texture.in_atlas && !texture.own) return false;
+const TextureSource* TextureStore::Prepare(Texture& texture, bool tiled) {
+    if (tiled && !texture.own.wrap && !Repeat(texture)) return nullptr;
+    if (!texture.in_atlas && !texture.own) return nullptr;
     if (!texture.dirty.empty()) Upload(texture);
-    return true;
+    const TextureSource* source = texture.in_atlas ? &pages_ : &texture.own;
+    RecordOf(texture).source = source;
+    return source;
 }
 
 void TextureStore::Upload(Texture& texture) {

@@ -6,18 +6,15 @@
 #include "graphics/atlas.h"
 #include "graphics/device.h"
 #include "graphics/pixel_shadow.h"
-#include "graphics/vertex.h"
+#include "graphics/quad_stream.h"
 
 namespace hge {
 
 struct Texture {
-    // What every quad asks for comes first, in one cache line.
-    Placement placement;
+    uint32_t id = 0;
     Box dirty;            // pixels that the device does not have yet
-    uint32_t batch = 0;   // the batch that drew from it last
     uint32_t target = 0;  // the target that it belongs to; such a texture has no shadow
     bool in_atlas = false;
-
     AtlasSlot slot;     // where in the atlas
     TextureSource own;  // else its own
     int width = 0, height = 0;
@@ -34,7 +31,7 @@ struct Texture {
 class TextureStore {
  public:
     // flush draws what is pending; it is called before pixels change that pending quads show.
-    TextureStore(Log& log, const Device& device, std::function<void()> flush);
+    TextureStore(Log& log, const Device& device, QuadStream& stream, std::function<void()> flush);
 
     // False when the device refuses.
     bool Start();
@@ -56,14 +53,7 @@ class TextureStore {
     void Unlock(uint32_t id);
 
     // What to draw the texture from, its pixels up to date; null when the device refuses.
-    const TextureSource* Prepare(Texture& texture, bool tiled) {
-        bool ready = texture.dirty.empty() && (!tiled || texture.own.wrap);
-        if (!ready && !MakeReady(texture, tiled)) return nullptr;
-        return texture.in_atlas ? &pages_ : &texture.own;
-    }
-
-    uint32_t batch() const { return batch_; }
-    void NextBatch() { ++batch_; }
+    const TextureSource* Prepare(Texture& texture, bool tiled);
     void NextFrame() { ++frame_; }
 
     size_t size() const { return textures_.size(); }
@@ -71,7 +61,10 @@ class TextureStore {
     DWORD upload_bytes() const { return upload_bytes_; }
 
  private:
-    bool MakeReady(Texture& texture, bool tiled);
+    TextureRecord& RecordOf(const Texture& texture) { return stream_.textures().At(texture.id); }
+    void MarkDirty(Texture& texture, const Box& box);
+    // 0 when there are too many.
+    uint32_t Insert(std::unique_ptr<Texture> texture);
     bool Place(Texture& texture);
     bool PlaceInAtlas(Texture& texture);
     void LeaveAtlas(Texture& texture);
@@ -88,6 +81,7 @@ class TextureStore {
 
     Log& log_;
     const Device& device_;
+    QuadStream& stream_;
     std::function<void()> flush_;
     HandleTable<Texture, HandleKind::kTexture> textures_;
     Texture white_;
@@ -95,7 +89,6 @@ class TextureStore {
     TextureSource pages_;
     int slices_ = 0;
     AtlasUpload staging_;
-    uint32_t batch_ = 1;
     uint32_t frame_ = 2;  // so that a texture never sent was not sent in the frame before
     DWORD uploads_ = 0;
     DWORD upload_bytes_ = 0;

@@ -3,11 +3,12 @@
 #include <gtest/gtest.h>
 
 #include <cmath>
+#include <cstring>
 #include <limits>
 
 #include "graphics/geometry.h"
 #include "graphics/pixel_shadow.h"
-#include "graphics/quad_writer.h"
+#include "graphics/quad_stream.h"
 
 namespace test {
 
@@ -83,6 +84,60 @@ TEST_F(QuadTest, TellsPlainFromTiledFromNonsense) {
                 EXPECT_EQ(Kind(), QuadKind::kNonsense);
                 v_[corner] = good;
             }
+}
+
+// A stream into plain memory, between bytes that must stay as they are.
+class StreamTest : public QuadTest {
+ protected:
+    StreamTest() {
+        std::memset(room_, 0x5A, sizeof room_);
+        stream_.textures().Reserve(3);
+        hge::TextureRecord& record = stream_.textures().Start(kTexture);
+        record.placement = {0.5f, 0.25f, 0.125f, 0.0625f, 7};
+        record.source = kSource;
+        stream_.Open(kSource, 0, room_, 2);
+    }
+
+    static constexpr uint32_t kTexture = 0x10040002;
+    const hge::TextureSource* const kSource = reinterpret_cast<const hge::TextureSource*>(this);
+    hge::QuadStream stream_;
+    hge::DeviceVertex room_[9];
+};
+
+TEST_F(StreamTest, WritesEveryCornerWhereTheTextureLies) {
+    for (int i = 0; i < 4; ++i)
+        v_[i].z = static_cast<float>(i) / 4;
+    ASSERT_TRUE(stream_.Add(v_, kTexture, 3));
+    EXPECT_EQ(stream_.pending(), 1);
+    for (int i = 0; i < 4; ++i) {
+        const hge::DeviceVertex& out = room_[i];
+        EXPECT_EQ(std::memcmp(&out, &v_[i], 16), 0) << "position and colour";
+        EXPECT_EQ(out.u, v_[i].tx * 0.5f + 0.125f);
+        EXPECT_EQ(out.v, v_[i].ty * 0.25f + 0.0625f);
+        EXPECT_EQ(out.mode, hge::kModeAlphaBlend | hge::kModeColorAdd | 7);
+    }
+    EXPECT_EQ(room_[4].mode, 0x5A5A5A5Au);
+    EXPECT_TRUE(stream_.Add(v_, kTexture, 0));
+    EXPECT_FALSE(stream_.Add(v_, kTexture, 0)) << "full";
+    EXPECT_EQ(room_[8].color, 0x5A5A5A5Au);
+    EXPECT_EQ(room_[7].mode, 7u);
+}
+
+TEST_F(StreamTest, LeavesToTheSceneWhatNeedsMoreThanWriting) {
+    for (uint32_t other : {0u, 0x10080002u, 0x10040000u, 0x10040006u, 0xFFFFFFFFu})
+        EXPECT_FALSE(stream_.Add(v_, other, 0)) << std::hex << other;
+    EXPECT_FALSE(stream_.AddAsIs(v_, kTexture, kTexture, 0));
+    stream_.SetTransformed(true);
+    EXPECT_FALSE(stream_.AddAsIs(v_, kTexture, 0, 0));
+    stream_.SetDepthBit(4);
+    EXPECT_FALSE(stream_.Add(v_, kTexture, 4));
+    stream_.textures().At(kTexture).source = nullptr;
+    EXPECT_FALSE(stream_.Add(v_, kTexture, 0)) << "its pixels have changed";
+    EXPECT_EQ(stream_.pending(), 0);
+    stream_.textures().At(kTexture).source = kSource;
+    EXPECT_TRUE(stream_.Add(v_, kTexture, 0));
+    EXPECT_EQ(stream_.Close(), 1);
+    EXPECT_FALSE(stream_.Add(v_, kTexture, 0)) << "no batch is open";
 }
 
 }  // namespace test

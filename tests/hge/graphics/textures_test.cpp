@@ -36,7 +36,13 @@ TEST_F(TexturesTest, DeadAndForeignHandlesAreHarmlessAndNewTexturesTransparent) 
         EXPECT_EQ(gfx().TargetTexture(handle), 0u);
         gfx().FreeTarget(handle);
     }
-    EXPECT_EQ(At(Screen([&] { DrawQuad(0, 0, 9, 9, dead); }), 4, 4), 0xFF000000);
+    // Also in a batch that the one in its place has started.
+    hge::Image screen = Screen([&] {
+        DrawQuad(20, 0, 9, 9, reused);
+        DrawQuad(0, 0, 9, 9, dead);
+    });
+    EXPECT_EQ(At(screen, 24, 4), kBlue);
+    EXPECT_EQ(At(screen, 4, 4), 0xFF000000);
     Forget(dead);
     HTEXTURE fresh = gfx().CreateTexture(33, 17);
     EXPECT_TRUE(gfx().TextureWidth(fresh, false) == 33 && gfx().TextureHeight(fresh, true) == 17);
