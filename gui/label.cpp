@@ -3,37 +3,12 @@
 
 #include "drill2d/font.h"
 #include "gui/control.h"
+#include "gui/ellipsis.h"
 #include "text/code_page.h"
 
 static_assert(sizeof(void*) != 4 || sizeof(CGameLable) == 48 + 4 + 4 + 2100,
               "fields follow the three interface parts");
 static_assert(sizeof(CGameLableEx) == sizeof(CGameLable), "no fields of its own");
-
-namespace {
-
-// Full-width forms count two half cells, all other characters one.
-bool IsFullWidthForm(wchar_t c) {
-    return c >= 0xFF00 && c <= 0xFFEF;
-}
-
-// The first index from the end at which what is left of the text's width fits; -1 when it never does.
-int CutIndex(const std::wstring& text, int text_width, int width, float font_size) {
-    int remaining = text_width;
-    for (int i = static_cast<int>(text.size()) - 1; i >= 0; --i) {
-        float cells = IsFullWidthForm(text[static_cast<size_t>(i)]) ? 2.0f : 1.0f;
-        remaining = static_cast<int>(static_cast<float>(remaining) - font_size * cells * 0.5f);
-        if (remaining <= width) return i;
-    }
-    return -1;
-}
-
-// The dots take the room of the character they stand for.
-void CutAt(std::wstring* text, size_t index) {
-    const wchar_t* dots = IsFullWidthForm((*text)[index]) ? L"." : L"..";
-    text->replace(index, std::wstring::npos, dots);
-}
-
-}  // namespace
 
 CGameLable::CGameLable()
     : m_pNotify(nullptr),
@@ -119,9 +94,7 @@ void CGameLable::ajustTextMode() {
     float font_size = m_pFont->GetFontSize();
     if (m_textSize.cx <= width || static_cast<float>(width) <= 2 * font_size) return;
     std::wstring text = AnsiToUnicode(m_showText);
-    int cut = CutIndex(text, m_textSize.cx, width, font_size);
-    if (cut < 0) return;
-    CutAt(&text, static_cast<size_t>(cut));
+    if (!CutWithDots(&text, m_textSize.cx, width, font_size)) return;
     std::string shown = code_page::FromWide(CP_THREAD_ACP, text.c_str());
     code_page::CopyText(CP_THREAD_ACP, m_showText, sizeof m_showText, shown.c_str());
 }

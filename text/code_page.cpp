@@ -4,28 +4,17 @@
 
 #include <cstring>
 
+#include "text/whole_characters.h"
+
 namespace code_page {
 namespace {
-
-bool IsUtf8Continuation(char byte) {
-    return (byte & 0xC0) == 0x80;
-}
 
 // The longest run of whole characters within limit bytes of a text that is longer.
 size_t WholeCharacters(unsigned int code_page, const char* text, size_t limit) {
     CPINFOEXW info = {};
-    if (GetCPInfoExW(code_page, 0, &info) && info.CodePage == CP_UTF8) {
-        while (limit > 0 && IsUtf8Continuation(text[limit]))
-            --limit;
-        return limit;
-    }
-    size_t length = 0;
-    while (length < limit) {
-        size_t next = length + (IsDBCSLeadByteEx(info.CodePage, static_cast<BYTE>(text[length])) ? 2 : 1);
-        if (next > limit) break;
-        length = next;
-    }
-    return length;
+    if (GetCPInfoExW(code_page, 0, &info) && info.CodePage == CP_UTF8) return WholeUtf8(text, limit);
+    auto is_lead_byte = [&](unsigned char byte) { return IsDBCSLeadByteEx(info.CodePage, byte) != FALSE; };
+    return WholeDoubleBytes(text, limit, is_lead_byte);
 }
 
 }  // namespace

@@ -1,3 +1,4 @@
+#include <algorithm>
 #include <array>
 #include <cstring>
 
@@ -8,6 +9,7 @@ namespace hge {
 namespace {
 
 constexpr size_t kPageHeader = 27;
+constexpr uint8_t kContinued = 1;
 constexpr uint8_t kLastPage = 4;
 
 std::array<uint32_t, 256> MakeTable() {
@@ -19,27 +21,6 @@ std::array<uint32_t, 256> MakeTable() {
         table[i] = value;
     }
     return table;
-}
-
-// The checksum field itself counts as zero.
-uint32_t PageChecksum(const uint8_t* page, size_t size) {
-    static const std::array<uint32_t, 256> table = MakeTable();
-    uint32_t sum = 0;
-    for (size_t i = 0; i < size; ++i) {
-        uint8_t byte = i >= 22 && i < 26 ? uint8_t{0} : page[i];
-        sum = sum << 8 ^ table[sum >> 24 ^ byte];
-    }
-    return sum;
-}
-
-// Bytes of the page, 0 when it is no whole page.
-size_t PageSize(const uint8_t* page, size_t rest) {
-    if (rest < kPageHeader || std::memcmp(page, "OggS", 4) != 0) return 0;
-    size_t segments = page[26], size = kPageHeader + segments;
-    if (size > rest) return 0;
-    for (size_t i = 0; i < segments; ++i)
-        size += page[kPageHeader + i];
-    return size <= rest ? size : 0;
 }
 
 // Collects the second packet, the comments, from the pages it lies on.
@@ -82,33 +63,86 @@ class CommentPacket {
     int packet_ = 0;
 };
 
+// What the decoder's search for a place relies on: one stream, whose packets go on where they broke off and
+// whose positions never go back.
+class PageChain {
+ public:
+    // Null, or what is wrong with the next page.
+    const char* Add(const uint8_t* page) {
+        const uint8_t* lacing = page + kPageHeader;
+        size_t segments = page[26];
+        if (page[4] != 0) return "an unknown version";
+        if (!started_) serial_ = Little32(page + 14);
+        if (Little32(page + 14) != serial_) return "more than one stream";
+        if (segments && bool(page[5] & kContinued) != packet_open_)
+            return "a packet without its begin or end";
+        started_ = true;
+        if (segments) packet_open_ = lacing[segments - 1] == 255;
+        bool ends_packet =
+            std::any_of(lacing, lacing + segments, [](uint8_t length) { return length < 255; });
+        return Advance(Little32(page + 6), Little32(page + 10), ends_packet);
+    }
+
+ private:
+    // Pages on which no packet ends need not have a position.
+    const char* Advance(uint32_t low, uint32_t high, bool ends_packet) {
+        if (low == UINT32_MAX && high == UINT32_MAX && !ends_packet) return nullptr;
+        if (high != 0 || low == UINT32_MAX || low < position_) return "a position that cannot be";
+        position_ = low;
+        return nullptr;
+    }
+
+    bool started_ = false;
+    bool packet_open_ = false;
+    uint32_t serial_ = 0;
+    uint32_t position_ = 0;
+};
+
 }  // namespace
 
-bool CheckOgg(const uint8_t* data, size_t size, std::string* reason) {
+// The checksum field itself counts as zero.
+uint32_t OggPageChecksum(const uint8_t* page, size_t size) {
+    static const std::array<uint32_t, 256> table = MakeTable();
+    uint32_t sum = 0;
+    for (size_t i = 0; i < size; ++i) {
+        uint8_t byte = i >= 22 && i < 26 ? uint8_t{0} : page[i];
+        sum = sum << 8 ^ table[sum >> 24 ^ byte];
+    }
+    return sum;
+}
+
+size_t OggPageSize(const uint8_t* page, size_t rest) {
+    if (rest < kPageHeader || std::memcmp(page, "OggS", 4) != 0) return 0;
+    size_t segments = page[26], size = kPageHeader + segments;
+    if (size > rest) return 0;
+    for (size_t i = 0; i < segments; ++i)
+        size += page[kPageHeader + i];
+    return size <= rest ? size : 0;
+}
+
+bool CheckOgg(const uint8_t* data, size_t* size, std::string* reason) {
     CommentPacket comments;
-    bool ended = false;
-    for (size_t at = 0; at < size && !ended;) {
+    PageChain chain;
+    const char* fault = nullptr;
+    size_t at = 0;
+    for (bool ended = false; !ended;) {
         const uint8_t* page = data + at;
-        size_t length = PageSize(page, size - at);
-        if (!length) {
-            *reason = "cut off or damaged at byte " + std::to_string(at);
-            return false;
-        }
-        if (PageChecksum(page, length) != Little32(page + 22)) {
-            *reason = "damaged: wrong checksum at byte " + std::to_string(at);
-            return false;
-        }
+        size_t length = OggPageSize(page, *size - at);
+        if (!length)
+            fault = at == *size ? "cut off: no last page" : "cut off or damaged";
+        else if (OggPageChecksum(page, length) != Little32(page + 22))
+            fault = "damaged: wrong checksum";
+        else
+            fault = chain.Add(page);
+        if (fault) break;
         comments.AddPage(page);
         ended = page[5] & kLastPage;
         at += length;
     }
-    if (!ended)
-        *reason = "cut off: the last page is missing";
-    else if (!comments.IsSane())
-        *reason = "not a Vorbis sound, or its comments are nonsense";
-    else
-        return true;
-    return false;
+    if (fault) *reason = fault + (" at byte " + std::to_string(at));
+    if (!fault && !comments.IsSane()) *reason = fault = "not a Vorbis sound, or its comments are nonsense";
+    *size = at;
+    return !fault;
 }
 
 }  // namespace hge

@@ -15,16 +15,20 @@ namespace {
 // A bound for the decoder's tables: what a file asks for beyond it is refused. Real files need 0.2 to 0.6 MB.
 constexpr size_t kDecoderMemory = 4u << 20;
 
+// A packet takes two bytes at least, its length and one of its own, and gives up to 4096 samples.
+constexpr uint64_t kMostFramesPerByte = 2048;
+
 struct CloseVorbis {
     void operator()(stb_vorbis* vorbis) const { stb_vorbis_close(vorbis); }
 };
 
 class OggReader final : public SoundReader {
  public:
-    explicit OggReader(SoundBytes bytes) : bytes_(std::move(bytes)), memory_(new char[kDecoderMemory]) {
+    // size: of the checked pages.
+    OggReader(SoundBytes bytes, size_t size)
+        : bytes_(std::move(bytes)), size_(size), memory_(new char[kDecoderMemory]) {
         stb_vorbis_alloc memory{memory_.get(), static_cast<int>(kDecoderMemory)};
-        vorbis_.reset(
-            stb_vorbis_open_memory(bytes_->data(), static_cast<int>(bytes_->size()), &error_, &memory));
+        vorbis_.reset(stb_vorbis_open_memory(bytes_->data(), static_cast<int>(size_), &error_, &memory));
     }
 
     bool Start(std::string* reason) {
@@ -36,6 +40,11 @@ class OggReader final : public SoundReader {
         file_channels_ = static_cast<uint32_t>(info.channels);
         rate_ = info.sample_rate;
         frames_ = stb_vorbis_stream_length_in_samples(vorbis_.get());
+        if (frames_ > size_ * kMostFramesPerByte) {
+            *reason = "damaged: " + std::to_string(frames_) + " samples cannot be in its " +
+                      std::to_string(size_) + " bytes";
+            return false;
+        }
         if (!IsSaneSound(rate_, file_channels_, frames_, reason)) return false;
         fold_ = ChannelFold(file_channels_, ChannelOrder::kVorbis);
         channels_ = fold_.out_channels();
@@ -69,6 +78,7 @@ class OggReader final : public SoundReader {
 
  private:
     SoundBytes bytes_;
+    size_t size_;
     std::unique_ptr<char[]> memory_;
     int error_ = 0;
     std::unique_ptr<stb_vorbis, CloseVorbis> vorbis_;
@@ -84,8 +94,9 @@ std::unique_ptr<SoundReader> OpenOgg(SoundBytes bytes, std::string* reason) {
         *reason = "larger than 2 GB";
         return nullptr;
     }
-    if (!CheckOgg(bytes->data(), bytes->size(), reason)) return nullptr;
-    auto reader = std::make_unique<OggReader>(std::move(bytes));
+    size_t size = bytes->size();
+    if (!CheckOgg(bytes->data(), &size, reason)) return nullptr;
+    auto reader = std::make_unique<OggReader>(std::move(bytes), size);
     return reader->Start(reason) ? std::move(reader) : nullptr;
 }
 

@@ -113,6 +113,9 @@ std::unique_ptr<SoundReader> OpenPlain(SoundBytes bytes, const WaveFile& wave, s
     return std::make_unique<WaveReader>(std::move(bytes), wave, decode);
 }
 
+// The thriftiest speech codings come near it.
+constexpr uint32_t kMostFramesPerByte = 64;
+
 // Frames in one block; 0 when the header does not say it.
 uint32_t BlockFrames(const WaveFile& wave) {
     if (wave.format_size >= 20 && Little16(wave.format + 16) >= 2) return Little16(wave.format + 18);
@@ -128,6 +131,11 @@ std::unique_ptr<SoundReader> OpenCodedWave(SoundBytes bytes, const WaveFile& wav
     coded.unit_bytes = wave.block_align;
     if (!coded.unit_frames || !coded.unit_bytes) {
         *reason = "coding " + std::to_string(wave.coding) + " without block sizes";
+        return nullptr;
+    }
+    if (coded.unit_frames > coded.unit_bytes * kMostFramesPerByte) {
+        *reason = "damaged: " + std::to_string(coded.unit_frames) + " samples in blocks of " +
+                  std::to_string(coded.unit_bytes) + " bytes";
         return nullptr;
     }
     coded.data = wave.data;

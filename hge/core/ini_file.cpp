@@ -5,6 +5,7 @@
 
 #include <charconv>
 
+#include "core/ini_value.h"
 #include "core/win32_error.h"
 
 namespace hge {
@@ -13,17 +14,6 @@ namespace {
 // Stands for "no such key": no value that the reader gives can start with a control character.
 constexpr char kMissing[] = "\x01";
 constexpr size_t kLongestValue = 1 << 16;
-
-bool IsSpace(char c) {
-    return c == ' ' || c == '\t';
-}
-
-// The reader strips blanks and one pair of quotes around a value: such a value gets a pair to lose.
-bool NeedsQuotes(const std::string& value) {
-    if (value.empty()) return false;
-    char first = value.front(), last = value.back();
-    return IsSpace(first) || IsSpace(last) || first == '"' || first == '\'';
-}
 
 }  // namespace
 
@@ -57,7 +47,7 @@ void IniFile::SetString(const char* section, const char* name, const char* value
         log_.Write("ini file \"%s\": a value with a line break was not written", path_.c_str());
         return;
     }
-    Write(section, name, NeedsQuotes(text) ? '"' + text + '"' : text);
+    Write(section, name, QuotedIniValue(text));
 }
 
 bool IniFile::Read(const char* section, const char* name, std::string* value) {
@@ -93,12 +83,8 @@ template <class T>
 T IniFile::GetNumber(const char* section, const char* name, T def_val) {
     std::string text;
     if (!Read(section, name, &text)) return def_val;
-    const char* begin = text.c_str();
-    const char* end = begin + text.size();
-    while (begin != end && (IsSpace(*begin) || *begin == '+'))
-        ++begin;
     T value{};
-    return std::from_chars(begin, end, value).ec == std::errc() ? value : def_val;
+    return ParseIniNumber(text, &value) ? value : def_val;
 }
 
 template <class T>

@@ -1,6 +1,7 @@
 #include "graphics/effect_text.h"
 
 #include <algorithm>
+#include <charconv>
 #include <string_view>
 
 namespace hge {
@@ -75,9 +76,11 @@ std::string InTermsOfFile(std::string_view line, const std::string& name) {
     if (number == line.npos) return std::string(line);
     std::string moved = name + line[number - 1];
     size_t end = std::min(line.find_first_not_of("0123456789", number), line.size());
-    if (end > number)
-        moved += std::to_string(std::stol(std::string(line.substr(number, end - number))) - kPreludeLines);
-    return moved.append(line.substr(end));
+    long long in_text = 0;
+    // What is no line of a text, a file can have written into the messages by its own directives: it stays.
+    bool is_line = std::from_chars(line.data() + number, line.data() + end, in_text).ec == std::errc();
+    if (is_line) moved += std::to_string(in_text - kPreludeLines);
+    return moved.append(line.substr(is_line ? end : number));
 }
 
 }  // namespace
@@ -92,8 +95,9 @@ bool MakeEffectText(const void* bytes, size_t size, std::string* text, std::stri
     else
         reason->clear();
     if (!reason->empty()) return false;
-    text->assign(kPrelude).append(file);
-    HideForeignCharacters(text);
+    std::string own(file);
+    HideForeignCharacters(&own);
+    text->assign(kPrelude).append(own);
     return true;
 }
 

@@ -67,6 +67,8 @@ TEST_F(IniFileTest, NumbersComeBackExactlyAndJunkGivesTheDefault) {
     EXPECT_EQ(ini_.GetInt("n", "mixed", 5), 12);
     ini_.SetString("n", "huge", "99999999999");
     EXPECT_EQ(ini_.GetInt("n", "huge", 5), 5);
+    ini_.SetString("n", "word", "nan");
+    EXPECT_EQ(ini_.GetFloat("n", "word", 2.5f), 2.5f);
 }
 
 TEST_F(IniFileTest, TextComesBackAsItWas) {

@@ -67,6 +67,8 @@ TEST(EffectTextTest, MessagesOfBothCompilersNameTheHostsFileAndLine) {
     EXPECT_EQ(
         hge::EffectMessages("C:\\game\\effect(" + line + ",3-5): error X1: no\r\nwarning\n\0", "a.hlsl"),
         "a.hlsl(2,3-5): error X1: no; warning");
+    EXPECT_EQ(hge::EffectMessages("effect(99999999999999999999): X1", "a.hlsl"),
+              "a.hlsl(99999999999999999999): X1");
     EXPECT_EQ(hge::EffectMessages("effect: E1: no entry", "a.hlsl"), "a.hlsl: E1: no entry");
     EXPECT_EQ(hge::EffectMessages("", "a.hlsl"), "the compiler does not say why");
 }
