@@ -21,6 +21,11 @@ tools=(
     "pulseaudio pulseaudio"
     "pulseaudio-utils parec"
     "sox sox"
+    "clang-14 clang++-14"
+    "libclang-rt-14-dev /usr/lib/llvm-14/lib/clang/14.0.6/lib/linux/libclang_rt.fuzzer-i386.a"
+    "lib32stdc++-12-dev /usr/lib/gcc/x86_64-linux-gnu/12/32/libstdc++.so"
+    "zlib1g-dev /usr/include/zlib.h"
+    "lib32z1-dev /usr/lib32/libz.so"
 )
 wine_packages=(wine32 libgl1 libgl1-mesa-dri libgnutls30 libpulse0)
 # Packages, the tree they unpack to, and the prefix.

@@ -50,6 +50,8 @@ refuses 2 "--scene needs a value" "$root/run" bench --scene
 refuses 2 "no such folder" "$root/run" bench --csv "$work/none/a.csv"
 refuses 2 "unknown argument hello" "$root/test" hello
 refuses 2 "-R needs" "$root/test" -R
+refuses 2 "no target called 'nosuch'" "$root/scripts/fuzz" nosuch
+refuses 2 "--minutes takes a whole number" "$root/scripts/fuzz" all --minutes 0
 refuses 2 "which program" "$root/scripts/wine-run"
 WINE='' refuses 2 "not set up: run ./test once" "$root/scripts/wine-run" x.exe
 equal "folders made by wrong arguments" "$(cd "$work" && echo *)" "err out"

@@ -1,0 +1,10 @@
+#include "ogg_pages.h"
+
+// The pages and comments; what is in the other packets is for vorbis_fuzzer.cpp, which is far slower.
+int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
+    std::vector<uint8_t> bytes = WithChecksums(data, size);
+    std::string reason;
+    PROMISED(hge::CheckOgg(bytes.data(), &size, &reason) == reason.empty());
+    PROMISED(size <= bytes.size());
+    return 0;
+}
