@@ -2,14 +2,10 @@
 // controls_trace.txt. Ends itself on Escape.
 #include <drill2d/drill2d.h>
 
-#include <cstdio>
-#include <memory>
-
+#include "e2e/trace.h"
 #include "support/notify_text.h"
 
 namespace {
-
-std::FILE* g_file = nullptr;
 
 // Each control has a sink with its name.
 class NamedSink final : public INotifyMsg {
@@ -21,15 +17,14 @@ class NamedSink final : public INotifyMsg {
         return iid == IID_INotifyMsg ? static_cast<INotifyMsg*>(this) : nullptr;
     }
     void OnNotify(ControlNotify* msg) override {
-        std::fprintf(g_file, "%s %s\n", name_, NotifyText(*msg).c_str());
-        std::fflush(g_file);
+        std::fprintf(g_trace, "%s %s\n", name_, NotifyText(*msg).c_str());
     }
 
  private:
     const char* name_;
 };
 
-class Screen : public I2DGameEngineSink {
+class Screen : public SilentSink {
  public:
     void OnInit() override {
         window_ = Add(new CGameWindow, &nobody_, 450, 100, 300, 200);
@@ -44,30 +39,18 @@ class Screen : public I2DGameEngineSink {
         Add(new CGameButton, &through_, 200, 150, 100, 40)->SetMouseThrough(false);
         Add(new CGameButton, &disabled_, 50, 250, 100, 40)->EnableWindow(false);
         Add(new CGameCheckBox, &box_, 200, 250, 40, 40);
-        std::fprintf(g_file, "OnInit\n");
-        std::fflush(g_file);
+        std::fprintf(g_trace, "OnInit\n");
     }
     void OnFrame(float, int) override {
         hgeRect at = child_->GetRect();
         if (at.x1 != child_x_ || at.y1 != child_y_) {
             child_x_ = at.x1;
             child_y_ = at.y1;
-            std::fprintf(g_file, "panel %g,%g child %g,%g\n", window_->GetRect().x1, window_->GetRect().y1,
+            std::fprintf(g_trace, "panel %g,%g child %g,%g\n", window_->GetRect().x1, window_->GetRect().y1,
                          at.x1, at.y1);
-            std::fflush(g_file);
         }
         if (Engine()->GetHge()->Input_KeyDown(HGEK_ESCAPE)) PostQuitMessage(0);
     }
-    void OnRender() override {}
-    void OnRenderTarget() override {}
-    void OnRenderTarget1() override {}
-    void OnLButtonDown(float, float) override {}
-    void OnLButtonUp(float, float) override {}
-    void OnRButtonDown(float, float) override {}
-    void OnRButtonUp(float, float) override {}
-    void OnMouseMove(float, float) override {}
-
-    static I2DGameEngine* Engine() { return C2DGameEngine::Get2DGameEngineInstance(); }
 
  private:
     template <class Control>
@@ -89,13 +72,5 @@ class Screen : public I2DGameEngineSink {
 }  // namespace
 
 int main() {
-    g_file = std::fopen("controls_trace.txt", "wb");
-    if (!g_file) return 2;
-    Screen screen;
-    std::unique_ptr<I2DGameEngine> engine(Screen::Engine());
-    engine->SetEngineSink(static_cast<I2DGameEngineSink*>(&screen));
-    bool ran = engine->InitHge(800, 600, "controls_trace", false);
-    std::fprintf(g_file, "end\n");
-    std::fclose(g_file);
-    return ran ? 0 : 1;
+    return TraceHost<Screen>("controls_trace");
 }

@@ -4,15 +4,13 @@
 #include <hgegui.h>
 
 #include <cstdarg>
-#include <cstdio>
-#include <memory>
-#include <string>
+
+#include "e2e/trace.h"
 
 namespace {
 
 std::string g_frame;      // this frame's calls
 bool g_eventful = false;  // it holds more than the calls of every frame
-std::FILE* g_file = nullptr;
 
 void Note(bool event, const char* format, ...) {
     char text[64];
@@ -35,7 +33,7 @@ class Pad : public hgeGUIObject {
     }
 };
 
-class Trace : public I2DGameEngineSink {
+class Trace : public SilentSink {
  public:
     void OnInit() override {
         Engine()->AddControl(new Pad);
@@ -45,8 +43,7 @@ class Trace : public I2DGameEngineSink {
         res->SetCurPacket("hello.zip");
         for (int i = 0; i < 2; ++i)
             Engine()->SetCursor("ball.png", res);
-        std::fprintf(g_file, "OnInit\n");
-        std::fflush(g_file);
+        std::fprintf(g_trace, "OnInit\n");
     }
     void OnFrame(float, int id) override {
         Note(id != 0, "OnFrame(%d)", id);
@@ -59,28 +56,14 @@ class Trace : public I2DGameEngineSink {
     void OnMouseMove(float x, float y) override { Note(false, "OnMouseMove(%g,%g)", x, y); }
     void OnRender() override {
         Note(false, "OnRender");
-        if (g_eventful) std::fprintf(g_file, "%s\n", g_frame.c_str());
-        std::fflush(g_file);
+        if (g_eventful) std::fprintf(g_trace, "%s\n", g_frame.c_str());
         g_frame.clear();
         g_eventful = false;
     }
-    void OnRenderTarget() override {}
-    void OnRenderTarget1() override {}
-
- private:
-    static I2DGameEngine* Engine() { return C2DGameEngine::Get2DGameEngineInstance(); }
 };
 
 }  // namespace
 
 int main() {
-    g_file = std::fopen("sink_trace.txt", "wb");
-    if (!g_file) return 2;
-    Trace trace;
-    std::unique_ptr<I2DGameEngine> engine(C2DGameEngine::Get2DGameEngineInstance());
-    engine->SetEngineSink(static_cast<I2DGameEngineSink*>(&trace));
-    bool ran = engine->InitHge(800, 600, "sink_trace", false);
-    std::fprintf(g_file, "end\n");
-    std::fclose(g_file);
-    return ran ? 0 : 1;
+    return TraceHost<Trace>("sink_trace");
 }

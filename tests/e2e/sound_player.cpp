@@ -2,30 +2,22 @@
 // $1: the folder, with a slash at its end.
 #include <drill2d/drill2d.h>
 
-#include <cstdio>
 #include <string>
 #include <vector>
+
+#include "support/silent_sink.h"
 
 namespace {
 
 std::string g_folder;
 
-class Player : public I2DGameEngineSink {
+class Player : public SilentSink {
  public:
     void OnFrame(float dt, int) override {
         time_ += dt;
         while (next_ < steps_.size() && time_ >= steps_[next_].seconds)
             (this->*steps_[next_++].action)();
     }
-    void OnInit() override {}
-    void OnRender() override {}
-    void OnRenderTarget() override {}
-    void OnRenderTarget1() override {}
-    void OnLButtonDown(float, float) override {}
-    void OnLButtonUp(float, float) override {}
-    void OnRButtonDown(float, float) override {}
-    void OnRButtonUp(float, float) override {}
-    void OnMouseMove(float, float) override {}
 
     bool reaped() const { return reaped_; }
 
@@ -35,7 +27,6 @@ class Player : public I2DGameEngineSink {
         void (Player::*action)();
     };
 
-    static I2DGameEngine* Engine() { return C2DGameEngine::Get2DGameEngineInstance(); }
     static std::string Path(const char* name) { return g_folder + name; }
 
     void PlayPlain() { Engine()->Play2DSound(Path("tone.wav").c_str()); }
@@ -78,10 +69,5 @@ int main(int argc, char** argv) {
     if (argc < 2) return 2;
     g_folder = argv[1];
     Player player;
-    I2DGameEngine* engine = C2DGameEngine::Get2DGameEngineInstance();
-    engine->SetEngineSink(static_cast<I2DGameEngineSink*>(&player));
-    bool ran = engine->InitHge(320, 240, "sounds", false);
-    bool clean = ran && player.reaped();
-    if (ran) delete engine;
-    return clean ? 0 : 1;
+    return RunHost(&player, 320, 240, "sounds") && player.reaped() ? 0 : 1;
 }

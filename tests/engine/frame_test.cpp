@@ -1,8 +1,4 @@
-#include <gmock/gmock.h>
-#include <gtest/gtest.h>
-
-#include "engine/recording_sink.h"
-#include "support/win32_seams.h"
+#include "engine/running_engine.h"
 
 using testing::Contains;
 using testing::ElementsAre;
@@ -10,38 +6,21 @@ using testing::IsEmpty;
 
 namespace {
 
-// The callbacks work on the one engine of the process, which these tests share; it has no sink at first.
-class FrameTest : public testing::Test {
+// The engine has no sink at first.
+class FrameTest : public RunningEngine {
  protected:
-    static void SetUpTestSuite() {
-        Recording().Reset();
-        Recording().on_start = [] { return true; };
-        Engine()->InitHge(800, 600, "frames", false);
-    }
-
     void SetUp() override {
-        Recording().Reset();
-        Recording().initiated = true;
-        Recording().System_SetState(HGE_SCREENWIDTH, 800);
-        Recording().System_SetState(HGE_SCREENHEIGHT, 600);
+        RunningEngine::SetUp();
         Recording().delta = 0.5f;
         MoveMouse(10, 20);
-        win32_seams::Reset();
-        win32_seams::SetActiveWindow(Recording().window);
         control_.rect.Set(100, 100, 200, 200);
         Engine()->AddControl(&control_);
         Engine()->GetGui()->SetFocus(0);
-        Recording().ClearCalls();
     }
-
     void TearDown() override {
         Engine()->RemoveControl(&control_);
-        while (Engine()->GetSoundSize())
-            Engine()->FreeSound(0);
-        EXPECT_THAT(Recording().Faults(), IsEmpty());
+        RunningEngine::TearDown();
     }
-
-    static I2DGameEngine* Engine() { return C2DGameEngine::Get2DGameEngineInstance(); }
 
     void UseSink() { Engine()->SetEngineSink(static_cast<I2DGameEngineSink*>(&sink_)); }
 

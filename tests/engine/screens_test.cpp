@@ -3,19 +3,23 @@
 
 #include <fstream>
 #include <functional>
-#include <memory>
 
-#include "drill2d/engine.h"
 #include "drill2d/flash.h"
 #include "flash/control/movie_control.h"
 #include "hgegui.h"
 #include "hgesprite.h"
-#include "support/framework_fixture.h"
+#include "support/files.h"
 #include "support/picture.h"
+#include "support/silent_sink.h"
 #include "support/win32_seams.h"
 
 namespace {
 
+using test::FilesIn;
+using test::FileText;
+using test::Pattern;
+using test::ProgramFolder;
+using test::ReadPicture;
 using testing::HasSubstr;
 
 constexpr int kWidth = 800, kHeight = 600;
@@ -27,11 +31,6 @@ struct Area {
 };
 constexpr Area kHostArea{50, 40, 200, 100}, kHost1Area{150, 90, 300, 200}, kControlArea{500, 60, 80, 60},
     kMovieArea{300, 400, 96, 60};
-
-// Opaque, each pixel different from its neighbours.
-uint32_t Ground(int x, int y) {
-    return 0xFF000000 | static_cast<uint32_t>((x * 7 & 0xFF) << 16 | (y * 11 & 0xFF) << 8 | ((x ^ y) & 0xFF));
-}
 
 void Fill(const Area& area, uint32_t color) {
     hgeSprite sprite(0, 0, 0, static_cast<float>(area.width), static_cast<float>(area.height));
@@ -47,40 +46,13 @@ struct Plate : hgeGUIObject {
     void Render() override { Fill(kControlArea, kControl); }
 };
 
-std::string ProgramFolder() {
-    char path[MAX_PATH];
-    GetModuleFileNameA(nullptr, path, MAX_PATH);
-    return std::string(path, strrchr(path, '\\') + 1);
-}
-
-// Full paths of the files in a folder that a pattern matches.
-std::vector<std::string> Files(const std::string& folder, const char* pattern) {
-    std::vector<std::string> files;
-    WIN32_FIND_DATAA found;
-    HANDLE search = FindFirstFileA((folder + pattern).c_str(), &found);
-    if (search == INVALID_HANDLE_VALUE) return files;
-    do {
-        if (!(found.dwFileAttributes & FILE_ATTRIBUTE_DIRECTORY)) files.push_back(folder + found.cFileName);
-    } while (FindNextFileA(search, &found));
-    FindClose(search);
-    return files;
-}
-
 void RemoveFolder(const std::string& folder) {
-    for (const std::string& file : Files(folder, "*"))
+    for (const std::string& file : FilesIn(folder, "*"))
         DeleteFileA(file.c_str());
     RemoveDirectoryA(folder.c_str());
 }
 
-class ScreensTest : public FrameworkTest {
- public:
-    // The engine makes the framework itself.
-    static void SetUpTestSuite() {}
-    static void TearDownTestSuite() {}
-    using FrameworkTest::ReadPicture;
-};
-
-class ScreensGame : public I2DGameEngineSink {
+class ScreensGame : public SilentSink {
  public:
     void OnInit() override {
         win32_seams::SetActiveWindow(hge()->System_GetState(HGE_HWND));
@@ -90,7 +62,7 @@ class ScreensGame : public I2DGameEngineSink {
         ground_ = hge()->Texture_Create(kWidth, kHeight);
         DWORD* pixel = hge()->Texture_Lock(ground_, false);
         for (int i = 0; i < kWidth * kHeight; ++i)
-            pixel[i] = Ground(i % kWidth, i / kWidth);
+            pixel[i] = Pattern(i % kWidth, i / kWidth);
         hge()->Texture_Unlock(ground_);
     }
     void OnRender() override { hgeSprite(ground_, 0, 0, kWidth, kHeight).Render(0, 0); }
@@ -109,50 +81,40 @@ class ScreensGame : public I2DGameEngineSink {
         if (frame_ == 8) SecondTarget();
         if (frame_ == 10) PlainAgain();
     }
-    void OnLButtonDown(float, float) override {}
-    void OnLButtonUp(float, float) override {}
-    void OnRButtonDown(float, float) override {}
-    void OnRButtonUp(float, float) override {}
-    void OnMouseMove(float, float) override {}
 
     int frame() const { return frame_; }
 
  private:
-    HGE* hge() { return engine_->GetHge(); }
+    static HGE* hge() { return Engine()->GetHge(); }
 
     void WriteEffect(const char* name, const std::string& result) {
         std::ofstream(ProgramFolder() + name)
             << "float4 Effect(Fragment at) : SV_TARGET\n{\n    return " << result << ";\n}\n";
     }
-    std::string LogText() {
-        std::ifstream file(ProgramFolder() + "game.log");
-        return {std::istreambuf_iterator<char>(file), {}};
-    }
+    static std::string LogText() { return FileText(ProgramFolder() + "game.log"); }
     void Save(const char* prefix) {
         win32_seams::AdvanceTick(300);
-        engine_->saveImage(prefix);
+        Engine()->saveImage(prefix);
     }
 
     void Screenshots() {
-        hge::Image frame = test::MakePicture(kWidth, kHeight, Ground);
+        hge::Image frame = test::MakePicture(kWidth, kHeight, Pattern);
         win32_seams::SetTick(5000);
         RemoveFolder(pic_ + "deep\\");
         RemoveFolder(pic_);
         Save("shot");
-        ASSERT_EQ(Files(pic_, "shot*.bmp").size(), 1u);
-        EXPECT_TRUE(
-            test::SamePicture("screenshot", ScreensTest::ReadPicture(Files(pic_, "*")[0].c_str()), frame));
-        EXPECT_THAT(LogText(), HasSubstr("snapshot written: \"" + Files(pic_, "*")[0]));
+        ASSERT_EQ(FilesIn(pic_, "shot*.bmp").size(), 1u);
+        EXPECT_TRUE(test::SamePicture("screenshot", ReadPicture(FilesIn(pic_, "*")[0]), frame));
+        EXPECT_THAT(LogText(), HasSubstr("snapshot written: \"" + FilesIn(pic_, "*")[0]));
         win32_seams::AdvanceTick(299);
-        engine_->saveImage("shot");
-        EXPECT_EQ(Files(pic_, "*").size(), 1u);
+        Engine()->saveImage("shot");
+        EXPECT_EQ(FilesIn(pic_, "*").size(), 1u);
         win32_seams::AdvanceTick(1);
-        engine_->saveImage("shot");
-        EXPECT_EQ(Files(pic_, "shot*.bmp").size(), 2u) << "both in the same second";
+        Engine()->saveImage("shot");
+        EXPECT_EQ(FilesIn(pic_, "shot*.bmp").size(), 2u) << "both in the same second";
 
         hge()->System_Snapshot("pic\\picture.PNG");
-        EXPECT_TRUE(
-            test::SamePicture("png", ScreensTest::ReadPicture((pic_ + "picture.PNG").c_str()), frame));
+        EXPECT_TRUE(test::SamePicture("png", ReadPicture(pic_ + "picture.PNG"), frame));
         PlacesThatTakeNone();
     }
 
@@ -161,7 +123,7 @@ class ScreensGame : public I2DGameEngineSink {
         EXPECT_THAT(LogText(), HasSubstr("no snapshot \"" + pic_ + "deep\\shot"));
         CreateDirectoryA((pic_ + "deep").c_str(), nullptr);
         Save("deep\\shot");
-        EXPECT_EQ(Files(pic_ + "deep\\", "*").size(), 1u);
+        EXPECT_EQ(FilesIn(pic_ + "deep\\", "*").size(), 1u);
         RemoveFolder(pic_ + "deep\\");
         RemoveFolder(pic_);
 
@@ -176,23 +138,23 @@ class ScreensGame : public I2DGameEngineSink {
     }
 
     void StartEffect() {
-        engine_->AddControl(new Plate);
+        Engine()->AddControl(new Plate);
         char movie[] = "C:\\m";
         EXPECT_TRUE(FlashManager::StartSingleFlash(movie, kMovieArea.left, kMovieArea.top, kMovieArea.width,
                                                    kMovieArea.height));
         char first[] = "screens_first.hlsl";
-        engine_->CreateFx(first);
-        EXPECT_TRUE(engine_->IsEnableFx()) << hge()->System_GetErrorMessage();
+        Engine()->CreateFx(first);
+        EXPECT_TRUE(Engine()->IsEnableFx()) << hge()->System_GetErrorMessage();
     }
 
     // Compares all but the half-transparent part of the movie.
     void Expect(const char* name, bool movie, const std::function<uint32_t(int x, int y)>& pixel) {
         hge()->System_Snapshot("screens.png");
-        hge::Image screen = ScreensTest::ReadPicture((ProgramFolder() + "screens.png").c_str());
+        hge::Image screen = ReadPicture(ProgramFolder() + "screens.png");
         hge::Image expected = test::MakePicture(kWidth, kHeight, [&](int x, int y) -> uint32_t {
             if (!movie || !kMovieArea.Has(x, y)) return pixel(x, y);
             if (x < kMovieArea.left + kMovieArea.width / 3) return 0xFF000000 | kOpaqueColor;
-            return screen.pixels[static_cast<size_t>(y * kWidth + x)];
+            return test::At(screen, x, y);
         });
         EXPECT_TRUE(test::SamePicture(name, screen, expected));
     }
@@ -201,16 +163,16 @@ class ScreensGame : public I2DGameEngineSink {
         Expect("first_target", true, [](int x, int y) {
             if (kHostArea.Has(x, y) || (x == 0 && y == 0) || (x == kWidth - 1 && y == kHeight - 1))
                 return kHost;
-            return kControlArea.Has(x, y) ? kControl : Ground(x, y);
+            return kControlArea.Has(x, y) ? kControl : Pattern(x, y);
         });
         EXPECT_TRUE(hge()->Gfx_LoadEffect("screens_second.hlsl"));
     }
     void SecondTarget() {
         Expect("second_target", false,
-               [](int x, int y) { return kHost1Area.Has(x, y) ? kHost1 : Ground(x, y); });
+               [](int x, int y) { return kHost1Area.Has(x, y) ? kHost1 : Pattern(x, y); });
         char broken[] = "screens_broken.hlsl";
-        engine_->CreateFx(broken);
-        EXPECT_FALSE(engine_->IsEnableFx());
+        Engine()->CreateFx(broken);
+        EXPECT_FALSE(Engine()->IsEnableFx());
         EXPECT_THAT(LogText(),
                     HasSubstr("cannot load effect \"screens_broken.hlsl\": screens_broken.hlsl:3:"));
         EXPECT_FALSE(hge()->Gfx_LoadEffect("screens_missing.hlsl"));
@@ -219,29 +181,25 @@ class ScreensGame : public I2DGameEngineSink {
     }
     void PlainAgain() {
         Expect("plain_path", true,
-               [](int x, int y) { return kControlArea.Has(x, y) ? kControl : Ground(x, y); });
+               [](int x, int y) { return kControlArea.Has(x, y) ? kControl : Pattern(x, y); });
         hge()->Texture_Free(ground_);
         // The quit message is one of the seams.
         PostMessageA(hge()->System_GetState(HGE_HWND), WM_CLOSE, 0, 0);
     }
 
-    I2DGameEngine* engine_ = C2DGameEngine::Get2DGameEngineInstance();
     std::string pic_ = ProgramFolder() + "pic\\";
     HTEXTURE ground_ = 0;
     int frame_ = 0;
 };
 
-TEST_F(ScreensTest, SavedFilesAndBothPathsShowWhatWasDrawn) {
+TEST(Screens, SavedFilesAndBothPathsShowWhatWasDrawn) {
     SetDllDirectoryA((ProgramFolder() + "flash\\").c_str());
     HMODULE module = LoadLibraryA("flash.ocx");
     ASSERT_NE(module, nullptr);
     {
         ScreensGame game;
-        I2DGameEngine* engine = C2DGameEngine::Get2DGameEngineInstance();
-        engine->SetEngineSink(static_cast<I2DGameEngineSink*>(&game));
-        ASSERT_TRUE(engine->InitHge(kWidth, kHeight, "screens", false));
+        ASSERT_TRUE(RunHost(&game, kWidth, kHeight, "screens"));
         EXPECT_GE(game.frame(), 10);
-        delete engine;
     }
     FreeLibrary(module);
 }

@@ -1,11 +1,9 @@
-#include <gmock/gmock.h>
-#include <gtest/gtest.h>
-
-#include "engine/recording_sink.h"
+#include "engine/running_engine.h"
 #include "engine/screenshot_name.h"
 #include "support/clock_seams.h"
-#include "support/win32_seams.h"
+#include "support/files.h"
 
+using test::ProgramFolder;
 using testing::ElementsAre;
 using testing::IsEmpty;
 
@@ -70,32 +68,20 @@ TEST(ScreenshotName, WritesItsIdeographsInTheCodePage) {
     EXPECT_EQ(name(CP_ACP), name(GetACP()));
 }
 
-std::string ProgramFolder() {
-    char path[MAX_PATH];
-    GetModuleFileNameA(nullptr, path, MAX_PATH);
-    return std::string(path, strrchr(path, '\\') + 1);
-}
-
 bool IsFolder(const std::string& path) {
     DWORD attributes = GetFileAttributesA(path.c_str());
     return attributes != INVALID_FILE_ATTRIBUTES && attributes & FILE_ATTRIBUTE_DIRECTORY;
 }
 
 // The time of the last shot is the process's own: every test goes on from where the last one was.
-class ScreenshotTest : public testing::Test {
+class ScreenshotTest : public RunningEngine {
  protected:
-    static void SetUpTestSuite() {
-        Recording().Reset();
-        Recording().on_start = [] { return true; };
-        Engine()->InitHge(800, 600, "screenshots", false);
-    }
     void SetUp() override {
+        RunningEngine::SetUp();
         now_ += 100000;
         win32_seams::SetTick(now_);
         clock_seams::Set(kMay7, 123, kChina);
-        Recording().ClearCalls();
     }
-    static I2DGameEngine* Engine() { return C2DGameEngine::Get2DGameEngineInstance(); }
     static std::vector<std::string> Shots() { return Recording().CallsMatching("System_Snapshot"); }
     // The call that takes a shot of this prefix, time of kMay7 with these microseconds.
     static std::string Shot(const char* prefix, int microseconds) {

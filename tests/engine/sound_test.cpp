@@ -1,38 +1,12 @@
-#include <gmock/gmock.h>
-#include <gtest/gtest.h>
-
-#include "engine/recording_sink.h"
-#include "support/win32_seams.h"
+#include "engine/running_engine.h"
 
 using testing::ElementsAre;
 using testing::IsEmpty;
 
 namespace {
 
-class SoundTest : public testing::Test {
+class SoundTest : public RunningEngine {
  protected:
-    static void SetUpTestSuite() {
-        Recording().Reset();
-        Recording().on_start = [] { return true; };
-        Engine()->InitHge(800, 600, "sounds", false);
-    }
-
-    void SetUp() override {
-        Recording().Reset();
-        Recording().initiated = true;
-        win32_seams::Reset();
-        win32_seams::SetActiveWindow(Recording().window);
-    }
-
-    void TearDown() override {
-        Engine()->StopMusic();
-        while (Engine()->GetSoundSize())
-            Engine()->FreeSound(0);
-        EXPECT_THAT(Recording().Faults(), IsEmpty());
-    }
-
-    static I2DGameEngine* Engine() { return C2DGameEngine::Get2DGameEngineInstance(); }
-
     static void EndChannelOf(int index) { Recording().EndChannel(Engine()->EnumSound(index)->channel); }
 
     static std::vector<unsigned long> Effects() {

@@ -1,9 +1,5 @@
-#include <gmock/gmock.h>
-#include <gtest/gtest.h>
-
 #include "drill2d/controls.h"
-#include "engine/recording_sink.h"
-#include "support/win32_seams.h"
+#include "engine/running_engine.h"
 #include "text/code_page.h"
 
 using testing::Contains;
@@ -15,30 +11,26 @@ namespace {
 constexpr float kWidth = 320, kHeight = 200;
 
 // The end of a run marks the process for good, so this program has no other tests and these run in order.
-class TrainingTimeTest : public testing::Test {
+class TrainingTimeTest : public RunningEngine {
  protected:
     static void SetUpTestSuite() {
-        Recording().Reset();
-        Recording().on_start = [] { return true; };
-        Recording().window = CreateWindowExA(0, "STATIC", "", WS_POPUP, 0, 0, static_cast<int>(kWidth),
-                                             static_cast<int>(kHeight), nullptr, nullptr, nullptr, nullptr);
+        RunningEngine::SetUpTestSuite();
+        window_ = CreateWindowExA(0, "STATIC", "", WS_POPUP, 0, 0, static_cast<int>(kWidth),
+                                  static_cast<int>(kHeight), nullptr, nullptr, nullptr, nullptr);
         Engine()->SetEngineSink(static_cast<I2DGameEngineSink*>(&sink_));
-        Engine()->InitHge(800, 600, "training", false);
-        Recording().System_SetState(HGE_SCREENWIDTH, 800);
-        Recording().System_SetState(HGE_SCREENHEIGHT, 600);
     }
-    static void TearDownTestSuite() { DestroyWindow(Recording().window); }
+    static void TearDownTestSuite() { DestroyWindow(window_); }
 
     void SetUp() override {
-        win32_seams::Reset();
+        RunningEngine::SetUp();
+        Recording().window = window_;
         win32_seams::SetTick(10000);
-        win32_seams::SetActiveWindow(Recording().window);
+        win32_seams::SetActiveWindow(window_);
         Engine()->stop_game_time();
         Engine()->GetGui()->SetFocus(0);
         Recording().mouse_x = 400;
         Recording().mouse_y = 300;
     }
-    static I2DGameEngine* Engine() { return C2DGameEngine::Get2DGameEngineInstance(); }
     static void StartRun(DWORD total) {
         Engine()->setGameTimeTotal(total);
         Engine()->initPlayTime();
@@ -60,9 +52,11 @@ class TrainingTimeTest : public testing::Test {
         return dynamic_cast<CGameLableEx*>(Engine()->GetGui()->GetCtrl(Engine()->GetGui()->GetFocus()));
     }
 
+    static HWND window_;
     static RecordingSink sink_;
 };
 
+HWND TrainingTimeTest::window_ = nullptr;
 RecordingSink TrainingTimeTest::sink_;
 
 TEST_F(TrainingTimeTest, WithoutATotalOrAStartThereIsNoLimit) {

@@ -1,4 +1,5 @@
 #include "flash/flash_fixture.h"
+#include "support/files.h"
 
 using testing::Contains;
 using testing::ElementsAre;
@@ -29,13 +30,11 @@ class FlashSpriteTest : public FlashTest {
 };
 
 TEST_F(FlashSpriteTest, LooksForMoviesBesideTheProgram) {
-    char bare[] = "\xD6\xD0.swf", full[] = "C:\\m.swf", program[MAX_PATH];
-    GetModuleFileNameA(nullptr, program, MAX_PATH);
-    std::string folder(program, strrchr(program, '\\') + 1);
+    char bare[] = "\xD6\xD0.swf", full[] = "C:\\m.swf";
     for (char* name : {bare, full}) {
         EXPECT_TRUE(sprite_.LoadFlash(name, 30, 20));
         EXPECT_THAT(CallsOf([&] { sprite_.Play(); }),
-                    Contains("put_Movie " + (name == bare ? folder + "\\20013.swf" : name)));
+                    Contains("put_Movie " + (name == bare ? test::ProgramFolder() + "\\20013.swf" : name)));
     }
     EXPECT_FALSE(sprite_.LoadFlash(nullptr, 30, 20));
     EXPECT_THAT(Recording().CallsMatching("System_Log"),

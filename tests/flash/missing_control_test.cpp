@@ -1,11 +1,10 @@
-#include <gmock/gmock.h>
-#include <gtest/gtest.h>
 
 #include <memory>
 
 #include "drill2d/flash.h"
 #include "flash/control/movie_control.h"
-#include "support/recording_hge.h"
+#include "support/files.h"
+#include "support/recording_test.h"
 
 // This program has no flash.ocx beside it.
 
@@ -16,10 +15,7 @@ namespace {
 class Registration {
  public:
     Registration() {
-        char module[MAX_PATH];
-        GetModuleFileNameA(nullptr, module, MAX_PATH);
-        std::string path(module, strrchr(module, '\\') + 1);
-        path += "registered_control.dll";
+        std::string path = test::ProgramFolder() + "registered_control.dll";
         for (HKEY classes : {user_classes_, HKEY_CLASSES_ROOT}) {
             RegSetKeyValueA(classes, kServer, nullptr, REG_SZ, path.c_str(), path.size() + 1);
             RegSetKeyValueA(classes, kServer, "ThreadingModel", REG_SZ, "Apartment", 10);

@@ -2,73 +2,49 @@
 
 #include <cmath>
 #include <functional>
-#include <memory>
 
-#include "drill2d/engine.h"
 #include "drill2d/flash.h"
 #include "flash/control/movie_control.h"
-#include "hgecounters.h"
 #include "hgegui.h"
 #include "hgesprite.h"
+#include "support/counters.h"
+#include "support/files.h"
+#include "support/picture.h"
+#include "support/silent_sink.h"
 
 namespace {
+
+using test::Counters;
 
 constexpr int kWidth = 96, kHeight = 60, kCrowd = 50;
 constexpr DWORD kBackground = 0xFF2040A0;
 
-std::string ModuleFolder() {
-    char path[MAX_PATH];
-    GetModuleFileNameA(nullptr, path, MAX_PATH);
-    return std::string(path, strrchr(path, '\\') + 1) + "flash\\";
+// Within the rounding of two blends.
+void ExpectColor(const hge::Image& screen, int x, int y, DWORD rgb) {
+    for (int shift : {0, 8, 16})
+        EXPECT_NEAR(static_cast<int>(test::At(screen, x, y) >> shift & 255),
+                    static_cast<int>(rgb >> shift & 255), 3)
+            << x << "," << y;
 }
 
-hgeCounters Counters() {
-    hgeCounters counters;
-    hgeGetCounters(&counters);
-    return counters;
+// A frame's colours carry their alpha already; the sprite's blending applies it once more.
+DWORD HalfOverBackground() {
+    const double alpha = 128 / 255.0;
+    DWORD rgb = 0;
+    for (int shift : {0, 8, 16}) {
+        double source = (kHalfColor >> shift & 255) * alpha, ground = kBackground >> shift & 255;
+        rgb |= static_cast<DWORD>(std::lround(source * alpha + ground * (1 - alpha))) << shift;
+    }
+    return rgb;
 }
 
-// What the framework has drawn, from a file that it wrote.
-class Picture {
- public:
-    explicit Picture(HGE* hge) : hge_(hge) {
-        hge->System_Snapshot("movies.bmp");
-        texture_ = hge->Texture_Load("movies.bmp");
-        pixels_ = hge->Texture_Lock(texture_);
-    }
-    ~Picture() { hge_->Texture_Free(texture_); }
-
-    // Within the rounding of two blends.
-    void Shows(int x, int y, DWORD rgb) const {
-        DWORD found = pixels_[y * hge_->Texture_GetWidth(texture_) + x];
-        for (int shift : {0, 8, 16})
-            EXPECT_NEAR(static_cast<int>(found >> shift & 255), static_cast<int>(rgb >> shift & 255), 3)
-                << x << "," << y;
-    }
-    void ExpectMovieAt(int x, int y, DWORD opaque) const {
-        Shows(x + 1, y + 1, opaque);
-        Shows(x + kWidth / 3 - 1, y + kHeight - 1, opaque);
-        Shows(x + kWidth / 2, y + kHeight / 2, HalfOverBackground());
-        Shows(x + kWidth - 2, y + kHeight / 2, kBackground);
-        Shows(x - 1, y + 1, kBackground);
-    }
-
- private:
-    // A frame's colours carry their alpha already; the sprite's blending applies it once more.
-    static DWORD HalfOverBackground() {
-        const double alpha = 128 / 255.0;
-        DWORD rgb = 0;
-        for (int shift : {0, 8, 16}) {
-            double source = (kHalfColor >> shift & 255) * alpha, ground = kBackground >> shift & 255;
-            rgb |= static_cast<DWORD>(std::lround(source * alpha + ground * (1 - alpha))) << shift;
-        }
-        return rgb;
-    }
-
-    HGE* hge_;
-    HTEXTURE texture_;
-    const DWORD* pixels_;
-};
+void ExpectMovie(const hge::Image& screen, int x, int y, DWORD opaque) {
+    ExpectColor(screen, x + 1, y + 1, opaque);
+    ExpectColor(screen, x + kWidth / 3 - 1, y + kHeight - 1, opaque);
+    ExpectColor(screen, x + kWidth / 2, y + kHeight / 2, HalfOverBackground());
+    ExpectColor(screen, x + kWidth - 2, y + kHeight / 2, kBackground);
+    ExpectColor(screen, x - 1, y + 1, kBackground);
+}
 
 // Drawn last in every frame.
 struct FrameEnd : hgeGUIObject {
@@ -81,14 +57,14 @@ struct FrameEnd : hgeGUIObject {
     std::function<void()> action;
 };
 
-class MovieGame : public I2DGameEngineSink {
+class MovieGame : public SilentSink {
  public:
     explicit MovieGame(MovieControl* control) : control_(control) {}
 
     void OnInit() override {
         ground_ = std::make_unique<hgeSprite>(0, 0.0f, 0.0f, 800.0f, 600.0f);
         ground_->SetColor(kBackground);
-        engine_->AddControl(new FrameEnd([this] { Next(); }));
+        Engine()->AddControl(new FrameEnd([this] { Next(); }));
         by_hand_ = Start(false, 0, 0);
         looped_ = Start(true, 100, 100);
         EXPECT_TRUE(FlashManager::StartSingleFlash(file_, 500, 100, kWidth, kHeight));
@@ -97,14 +73,6 @@ class MovieGame : public I2DGameEngineSink {
         ground_->Render(0, 0);
         if (by_hand_) by_hand_->Render(300, 100);
     }
-    void OnRenderTarget() override {}
-    void OnRenderTarget1() override {}
-    void OnFrame(float, int) override {}
-    void OnLButtonDown(float, float) override {}
-    void OnLButtonUp(float, float) override {}
-    void OnRButtonDown(float, float) override {}
-    void OnRButtonUp(float, float) override {}
-    void OnMouseMove(float, float) override {}
 
     int frame() const { return frame_; }
 
@@ -131,9 +99,8 @@ class MovieGame : public I2DGameEngineSink {
     }
 
     void ThreeMovies() {
-        Picture picture(hge());
         for (int x : {100, 300, 500})
-            picture.ExpectMovieAt(x, 100, kOpaqueColor);
+            ExpectMovie(Screen(), x, 100, kOpaqueColor);
         Remember();
     }
     void StillMovies() {
@@ -146,15 +113,15 @@ class MovieGame : public I2DGameEngineSink {
     void MovingMovies() {
         EXPECT_EQ(Counters().uploads - counted_.uploads, 3u);
         EXPECT_EQ(control_->draws - draws_, 6);
-        Picture(hge()).ExpectMovieAt(500, 100, kOpaqueColorOddFrames);
+        ExpectMovie(Screen(), 500, 100, kOpaqueColorOddFrames);
         control_->Step();
         control_->Step();
     }
     void OneShotGone() {
-        Picture picture(hge());
-        picture.ExpectMovieAt(100, 100, kOpaqueColor);
-        picture.ExpectMovieAt(300, 100, kOpaqueColor);
-        picture.Shows(501, 101, kBackground);
+        hge::Image screen = Screen();
+        ExpectMovie(screen, 100, 100, kOpaqueColor);
+        ExpectMovie(screen, 300, 100, kOpaqueColor);
+        ExpectColor(screen, 501, 101, kBackground);
         FlashManager::DestroyFlashSprite(looped_);
         FlashManager::DestroyFlashSprite(by_hand_);
         EXPECT_EQ(control_->objects, 0);
@@ -163,18 +130,22 @@ class MovieGame : public I2DGameEngineSink {
     }
     void Crowd() {
         EXPECT_EQ(control_->objects, kCrowd);
-        Picture picture(hge());
+        hge::Image screen = Screen();
         for (int i = 0; i < kCrowd; ++i)
-            picture.ExpectMovieAt(10 + i % 7 * 110, 10 + i / 7 * 70, kOpaqueColor);
+            ExpectMovie(screen, 10 + i % 7 * 110, 10 + i / 7 * 70, kOpaqueColor);
         for (IFlashSprite*& sprite : crowd_)
             FlashManager::DestroyFlashSprite(sprite);
         // Left to the manager when the engine goes.
         EXPECT_TRUE(FlashManager::StartSingleFlash(file_, 0, 0, kWidth, kHeight));
     }
-    HGE* hge() { return engine_->GetHge(); }
+    // What the framework has drawn.
+    static hge::Image Screen() {
+        HGE* framework = Engine()->GetHge();
+        framework->System_Snapshot("movies.bmp");
+        return test::ReadPicture(framework->Resource_MakePath("movies.bmp"));
+    }
 
     MovieControl* control_;
-    I2DGameEngine* engine_ = C2DGameEngine::Get2DGameEngineInstance();
     std::unique_ptr<hgeSprite> ground_;
     IFlashSprite *by_hand_ = nullptr, *looped_ = nullptr;
     std::vector<IFlashSprite*> crowd_;
@@ -185,18 +156,15 @@ class MovieGame : public I2DGameEngineSink {
 };
 
 TEST(MovieInEngine, ShowsMovesAndVanishes) {
-    SetDllDirectoryA(ModuleFolder().c_str());
+    SetDllDirectoryA((test::ProgramFolder() + "flash\\").c_str());
     HMODULE module = LoadLibraryA("flash.ocx");
     ASSERT_NE(module, nullptr);
     MovieControl* control = reinterpret_cast<decltype(&GetMovieControl)>(
         reinterpret_cast<void*>(GetProcAddress(module, "GetMovieControl")))();
     {
         MovieGame game(control);
-        I2DGameEngine* engine = C2DGameEngine::Get2DGameEngineInstance();
-        engine->SetEngineSink(&game);
-        ASSERT_TRUE(engine->InitHge(800, 600, "movies", false));
+        ASSERT_TRUE(RunHost(&game, 800, 600, "movies"));
         EXPECT_GE(game.frame(), 18);
-        delete engine;
     }
     EXPECT_TRUE(control->objects == 0 && control->class_references == 0);
     FreeLibrary(module);

@@ -10,7 +10,6 @@
 #include "drill2d/font.h"
 #include "drill2d/resources.h"
 #include "support/framework_fixture.h"
-#include "support/picture.h"
 #include "text/code_page.h"
 #include "text/gdi_seams.h"
 
@@ -185,7 +184,7 @@ TEST_F(ScreenTest, EveryControlInEveryState) {
     // Fonts are large: not on the stack.
     auto screen = std::make_unique<ControlsScreen>();
     hge::Image actual = Picture([&] { screen->Draw(); }, kGround);
-    EXPECT_TRUE(test::SamePicture("controls", actual, ReadPicture(GOLDEN_FOLDER "/controls.png"),
+    EXPECT_TRUE(test::SamePicture("controls", actual, test::ReadPicture(GOLDEN_FOLDER "/controls.png"),
                                   {2, "blended colours round by one on some devices, twice at most"}));
 }
 

@@ -1,18 +1,12 @@
 #include "support/framework_fixture.h"
 
-#include <fstream>
-#include <iterator>
+#include "support/files.h"
 
 HGE* FrameworkTest::hge_ = nullptr;
 
 namespace {
 
 constexpr char kLog[] = "framework_test.log", kPicture[] = "framework_test.png";
-
-std::string FileBytes(const char* path) {
-    std::ifstream file(path, std::ios::binary);
-    return {std::istreambuf_iterator<char>(file), {}};
-}
 
 }  // namespace
 
@@ -40,22 +34,9 @@ void FrameworkTest::Scene(const std::function<void()>& draw, DWORD ground) {
 hge::Image FrameworkTest::Picture(const std::function<void()>& draw, DWORD ground) {
     Scene(draw, ground);
     hge_->System_Snapshot(kPicture);
-    return ReadPicture(hge_->Resource_MakePath(kPicture));
-}
-
-hge::Image FrameworkTest::ReadPicture(const char* path) {
-    std::string bytes = FileBytes(path), reason;
-    hge::Image image;
-    EXPECT_TRUE(hge::DecodeImage(bytes.data(), bytes.size(), &image, &reason)) << path << ": " << reason;
-    return image;
-}
-
-hgeCounters FrameworkTest::Counters() {
-    hgeCounters counters = {};
-    hgeGetCounters(&counters);
-    return counters;
+    return test::ReadPicture(hge_->Resource_MakePath(kPicture));
 }
 
 std::string FrameworkTest::LogText() {
-    return FileBytes(hge_->Resource_MakePath(kLog));
+    return test::FileText(hge_->Resource_MakePath(kLog));
 }

@@ -4,9 +4,8 @@
 
 #include <functional>
 
-#include "hge.h"
-#include "hgecounters.h"
-#include "resources/image.h"
+#include "support/counters.h"
+#include "support/picture.h"
 
 // The real framework with an 800 x 600 window; one life for all tests of a program's suite.
 class FrameworkTest : public testing::Test {
@@ -18,8 +17,7 @@ class FrameworkTest : public testing::Test {
     static void Scene(const std::function<void()>& draw, DWORD ground = 0xFF000000);
     // What the scene shows.
     static hge::Image Picture(const std::function<void()>& draw, DWORD ground = 0xFF000000);
-    static hge::Image ReadPicture(const char* path);
-    static hgeCounters Counters();
+    static hgeCounters Counters() { return test::Counters(); }
     // The log so far.
     static std::string LogText();
 

@@ -4,6 +4,8 @@
 #include <cstdlib>
 #include <filesystem>
 
+#include "support/files.h"
+
 namespace test {
 
 namespace {
@@ -52,6 +54,20 @@ hge::Image MakePicture(int width, int height, const std::function<uint32_t(int x
         for (int x = 0; x < width; ++x)
             picture.pixels.push_back(pixel(x, y));
     return picture;
+}
+
+hge::Image ReadPicture(const std::string& path) {
+    std::string bytes = FileText(path), reason;
+    hge::Image image;
+    EXPECT_TRUE(hge::DecodeImage(bytes.data(), bytes.size(), &image, &reason)) << path << ": " << reason;
+    return image;
+}
+
+uint32_t Pattern(int x, int y) {
+    auto red = static_cast<uint32_t>(x * 37 & 0xFF);
+    auto green = static_cast<uint32_t>(y * 53 & 0xFF);
+    auto blue = static_cast<uint32_t>((x ^ y) * 91 & 0xFF);
+    return 0xFF000000 | red << 16 | green << 8 | blue;
 }
 
 testing::AssertionResult SamePicture(const std::string& name, const hge::Image& actual,

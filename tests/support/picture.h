@@ -18,6 +18,16 @@ struct Tolerance {
 // A picture computed pixel by pixel.
 hge::Image MakePicture(int width, int height, const std::function<uint32_t(int x, int y)>& pixel);
 
+// Of a file in any format that the framework reads.
+hge::Image ReadPicture(const std::string& path);
+
+inline uint32_t At(const hge::Image& picture, int x, int y) {
+    return picture.pixels.at(static_cast<size_t>(y) * picture.width + x);
+}
+
+// Opaque, each pixel different from its neighbours.
+uint32_t Pattern(int x, int y);
+
 // Succeeds when every channel of every pixel is within the tolerance. Otherwise the folder "pictures" below
 // the working folder keeps NAME-actual.png, NAME-expected.png and NAME-difference.png, and the message names
 // them.

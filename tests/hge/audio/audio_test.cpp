@@ -47,10 +47,7 @@ class AudioTest : public testing::Test {
         audio_.Start(44100, std::move(output));
     }
 
-    std::string LogText() {
-        std::ifstream file(kLogPath);
-        return std::string(std::istreambuf_iterator<char>(file), {});
-    }
+    static std::string LogText() { return test::FileText(kLogPath); }
 
     uint32_t LoadEffect(const Blob& bytes) {
         auto* start = reinterpret_cast<const char*>(bytes.data());

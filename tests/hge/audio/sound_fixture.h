@@ -1,13 +1,12 @@
 #pragma once
 
 #include <cmath>
-#include <fstream>
-#include <iterator>
 #include <numbers>
 #include <string>
 #include <vector>
 
 #include "audio/sound_reader.h"
+#include "support/files.h"
 
 using Blob = std::vector<uint8_t>;
 
@@ -16,8 +15,8 @@ inline hge::SoundBytes Share(Blob bytes) {
 }
 
 inline Blob Asset(const std::string& name) {
-    std::ifstream file(AUDIO_ASSETS + name, std::ios::binary);
-    return Blob(std::istreambuf_iterator<char>(file), {});
+    std::string bytes = test::FileText(AUDIO_ASSETS + name);
+    return {bytes.begin(), bytes.end()};
 }
 
 inline void Put(Blob* out, uint32_t value, int bytes) {

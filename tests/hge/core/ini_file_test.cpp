@@ -11,8 +11,8 @@ namespace {
 
 using hge::IniFile;
 using hge::Log;
+using test::FileText;
 using test_data::Out;
-using test_data::ReadText;
 using testing::HasSubstr;
 
 class IniFileTest : public testing::Test {
@@ -21,7 +21,7 @@ class IniFileTest : public testing::Test {
         DeleteFileA(Out("settings.ini").c_str());
         log_.Open(Out("ini.log"));
     }
-    std::string LogText() { return ReadText(Out("ini.log")); }
+    std::string LogText() { return FileText(Out("ini.log")); }
 
     Log log_;
     IniFile ini_{log_, Out("settings.ini")};
@@ -86,7 +86,7 @@ TEST_F(IniFileTest, TextComesBackAsItWas) {
 
 TEST_F(IniFileTest, TheFileIsOrdinaryAndFoundAgainByAnother) {
     ini_.SetInt("screen", "width", 800);
-    EXPECT_THAT(ReadText(Out("settings.ini")), testing::ContainsRegex("\\[screen\\]\r?\nwidth ?= ?800"));
+    EXPECT_THAT(FileText(Out("settings.ini")), testing::ContainsRegex("\\[screen\\]\r?\nwidth ?= ?800"));
     IniFile other(log_, "");
     other.SetPath(Out("settings.ini"));
     EXPECT_EQ(other.GetInt("SCREEN", "Width", 0), 800);

@@ -7,8 +7,8 @@
 namespace {
 
 using hge::Log;
+using test::FileText;
 using test_data::Out;
-using test_data::ReadText;
 using testing::MatchesRegex;
 
 TEST(LogTest, WorksWithoutAFile) {
@@ -31,10 +31,10 @@ TEST(LogTest, EveryLineIsOnDiskAtOnceWithItsTime) {
     Log log;
     ASSERT_TRUE(log.Open(Out("a.log")));
     log.Write("%d of %s", 3, "four");
-    EXPECT_THAT(ReadText(Out("a.log")), MatchesRegex("..:..:..\\.... 3 of four\r\n"));
+    EXPECT_THAT(FileText(Out("a.log")), MatchesRegex("..:..:..\\.... 3 of four\r\n"));
     log.Fail("%s", std::string(5000, 'x').c_str());
     EXPECT_EQ(log.LastError().size(), 5000u);
-    EXPECT_THAT(ReadText(Out("a.log")), testing::EndsWith("xxx\r\n"));
+    EXPECT_THAT(FileText(Out("a.log")), testing::EndsWith("xxx\r\n"));
 }
 
 TEST(LogTest, OpeningStartsTheFileAndTheSeenKeysAfresh) {
@@ -44,7 +44,7 @@ TEST(LogTest, OpeningStartsTheFileAndTheSeenKeysAfresh) {
         for (int i = 0; i < 3; ++i)
             log.WriteOnce("key", "number %d", i);
         log.WriteOnce("other", "other");
-        EXPECT_THAT(ReadText(Out("b.log")), MatchesRegex("............ number 0\r\n............ other\r\n"));
+        EXPECT_THAT(FileText(Out("b.log")), MatchesRegex("............ number 0\r\n............ other\r\n"));
     }
 }
 
@@ -53,7 +53,7 @@ TEST(LogTest, RemembersABoundedNumberOfKeys) {
     ASSERT_TRUE(log.Open(Out("c.log")));
     for (int i = 0; i < 5000; ++i)
         log.WriteOnce(std::to_string(i), "line");
-    std::string text = ReadText(Out("c.log"));
+    std::string text = FileText(Out("c.log"));
     EXPECT_EQ(std::count(text.begin(), text.end(), '\n'), 4096);
 }
 

@@ -1,8 +1,8 @@
 #include "core/running_hge.h"
 
-#include <fstream>
-#include <iterator>
 #include <utility>
+
+#include "support/files.h"
 
 namespace {
 
@@ -65,15 +65,5 @@ bool RunningHge::Run(std::function<bool(int)> frame) {
 }
 
 std::string ReadLog() {
-    char path[MAX_PATH];
-    GetModuleFileNameA(nullptr, path, MAX_PATH);
-    std::string folder = path;
-    std::ifstream file(folder.substr(0, folder.find_last_of('\\') + 1) + RunningHge::kLogName);
-    return {std::istreambuf_iterator<char>(file), std::istreambuf_iterator<char>()};
-}
-
-hgeCounters Counters() {
-    hgeCounters counters;
-    hgeGetCounters(&counters);
-    return counters;
+    return test::FileText(test::ProgramFolder() + RunningHge::kLogName);
 }

@@ -6,8 +6,7 @@
 #include <string>
 #include <vector>
 
-#include "hge.h"
-#include "hgecounters.h"
+#include "support/counters.h"
 
 // The real framework for one test: a small windowed screen, callbacks as functions of the test.
 class RunningHge {
@@ -39,4 +38,4 @@ struct StartedHge : RunningHge {
 
 // The log as written so far.
 std::string ReadLog();
-hgeCounters Counters();
+using test::Counters;

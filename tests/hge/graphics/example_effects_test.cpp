@@ -1,8 +1,8 @@
 // The effects of the example, pixel by pixel against the same computed here.
 #include <cmath>
-#include <fstream>
 
 #include "hge/graphics/renderer_fixture.h"
+#include "support/files.h"
 
 namespace test {
 
@@ -99,8 +99,7 @@ class ExampleEffectsTest : public RendererTest {
 
     // The screen after the sprite over both targets was drawn, seconds after the effect was loaded.
     hge::Image Picture(const char* file, DWORD color = 0xFFFFFFFF, float seconds = 0) {
-        std::ifstream stream(std::string(EXAMPLE_EFFECTS) + file, std::ios::binary);
-        std::string text(std::istreambuf_iterator<char>(stream), {});
+        std::string text = FileText(std::string(EXAMPLE_EFFECTS) + file);
         gfx().SetTime(10);
         EXPECT_TRUE(gfx().LoadEffect(file, text.data(), text.size())) << log().LastError();
         gfx().SetTime(10 + seconds);

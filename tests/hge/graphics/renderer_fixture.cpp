@@ -1,7 +1,6 @@
 #include "hge/graphics/renderer_fixture.h"
 
-#include <fstream>
-#include <iterator>
+#include "support/files.h"
 
 namespace test {
 
@@ -39,8 +38,7 @@ void RendererTest::TearDown() {
 }
 
 std::string RendererTest::LogText() {
-    std::ifstream file("graphics_test.log");
-    return {std::istreambuf_iterator<char>(file), {}};
+    return FileText("graphics_test.log");
 }
 
 hgeCounters RendererTest::Counters() {
@@ -80,13 +78,6 @@ HTEXTURE RendererTest::MakeTexture(int width, int height,
     EXPECT_NE(texture, 0u) << log().LastError();
     textures_.push_back(texture);
     return texture;
-}
-
-uint32_t Pattern(int x, int y) {
-    auto red = static_cast<uint32_t>(x * 37 & 0xFF);
-    auto green = static_cast<uint32_t>(y * 53 & 0xFF);
-    auto blue = static_cast<uint32_t>((x ^ y) * 91 & 0xFF);
-    return 0xFF000000 | red << 16 | green << 8 | blue;
 }
 
 void RendererTest::Write(HTEXTURE texture, int x, int y, int width, int height, uint32_t color) {

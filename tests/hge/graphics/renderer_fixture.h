@@ -11,9 +11,6 @@
 
 namespace test {
 
-// Opaque, each pixel different from its neighbours.
-uint32_t Pattern(int x, int y);
-
 // A renderer on a hidden window of its own, started once for all tests of a suite.
 class RendererTest : public testing::Test {
  protected:
@@ -59,10 +56,5 @@ class RendererTest : public testing::Test {
     std::vector<HTEXTURE> textures_;
     hgeCounters before_{};
 };
-
-// The pixel of a picture.
-inline uint32_t At(const hge::Image& picture, int x, int y) {
-    return picture.pixels.at(static_cast<size_t>(y) * picture.width + x);
-}
 
 }  // namespace test

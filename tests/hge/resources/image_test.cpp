@@ -122,7 +122,7 @@ TEST(ImageTest, WritingAndDecodingGivesTheSamePixels) {
             ASSERT_TRUE(WriteImage(Out(name), image, &reason)) << reason;
             ExpectSame(Decode(ReadBytes(Out(name)), &reason), image);
         }
-    EXPECT_EQ(test_data::CountOut("round.*"), 2);
+    EXPECT_EQ(test::FilesIn(Out(""), "round.*").size(), 2u);
     SKIP_UNLESS_CODE_PAGE_936();
     SKIP_WITHOUT_CHINESE_FILES();
     std::string reason, name = Out("\xcd\xbc\xc6\xac 5\xd4\xc2\x81\x5c.bmp");
@@ -146,8 +146,8 @@ TEST(ImageTest, AFailedWriteLeavesNothingAndKeepsTheOldFile) {
     EXPECT_FALSE(WriteImage(Out("x.bmp"), sample, &reason));
     EXPECT_NE(reason, "");
     CloseHandle(held);
-    EXPECT_EQ(test_data::ReadText(Out("x.bmp")), "old");
-    EXPECT_EQ(test_data::CountOut("x.*"), 1);
+    EXPECT_EQ(test::FileText(Out("x.bmp")), "old");
+    EXPECT_EQ(test::FilesIn(Out(""), "x.*").size(), 1u);
 }
 
 TEST(ImageTest, TheHostsChoiceOfThreadingModelIsLeftAlone) {

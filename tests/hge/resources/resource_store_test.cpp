@@ -75,7 +75,7 @@ TEST_F(ResourceStoreTest, FreeTakesOnlyLiveBlocks) {
     EXPECT_EQ(store_.live_blocks(), 1u);
     int foreign = 0;
     store_.Free(&foreign);
-    EXPECT_THAT(test_data::ReadText(Out("free.log")), HasSubstr("is no loaded resource"));
+    EXPECT_THAT(test::FileText(Out("free.log")), HasSubstr("is no loaded resource"));
     store_.Free(nullptr);
     store_.Free(block);
     store_.Free(block);
@@ -122,7 +122,7 @@ TEST_F(ResourceStoreTest, AttachingTwiceAddsNothing) {
 
 TEST_F(ResourceStoreTest, APackOverwrittenWhileAttachedIsSafe) {
     std::string path = Out("brief.zip");
-    ASSERT_TRUE(test_data::WriteFile(path, test_data::ReadText(Pack("plain.zip"))));
+    ASSERT_TRUE(test_data::WriteFile(path, test::FileText(Pack("plain.zip"))));
     ASSERT_TRUE(store_.AttachPack(path.c_str(), nullptr));
     ASSERT_TRUE(test_data::WriteFile(path, "short"));
     EXPECT_THAT(Load("shared.txt"), StartsWith("error: cannot load \"shared.txt\": pack "));
@@ -135,7 +135,7 @@ TEST_F(ResourceStoreTest, ChineseFileNamesWork) {
     SKIP_WITHOUT_CHINESE_FILES();
     ASSERT_TRUE(test_data::WriteFile(Out("\xcd\xbc\x81\x5c.txt"), "file"));
     EXPECT_EQ(Load("out/\xcd\xbc\x81\x5c.txt"), "file");
-    ASSERT_TRUE(test_data::WriteFile(Out("\xb0\xfc.zip"), test_data::ReadText(Pack("newer.zip"))));
+    ASSERT_TRUE(test_data::WriteFile(Out("\xb0\xfc.zip"), test::FileText(Pack("newer.zip"))));
     ASSERT_TRUE(store_.AttachPack("out/\xb0\xfc.zip", nullptr));
     EXPECT_EQ(Load("shared.txt"), "from the newer pack");
 }

@@ -1,27 +1,17 @@
 #pragma once
 
 #include <gtest/gtest.h>
-#include <windows.h>
 
 #include <cstdint>
-#include <fstream>
-#include <iterator>
-#include <string>
-#include <vector>
 
 #include "resources/image.h"
+#include "support/files.h"
 
 // The files that make_data.sh made, and a folder to write to; all relative to the test program.
 namespace test_data {
 
-inline std::string ProgramFolder() {
-    char path[MAX_PATH];
-    std::string text(path, GetModuleFileNameA(nullptr, path, MAX_PATH));
-    return text.substr(0, text.find_last_of('\\') + 1);
-}
-
 inline std::string Folder() {
-    return ProgramFolder() + TEST_DATA + "\\";
+    return test::ProgramFolder() + TEST_DATA + "\\";
 }
 inline std::string Pack(const std::string& name) {
     return Folder() + "packs\\" + name;
@@ -30,12 +20,8 @@ inline std::string Out(const std::string& name) {
     return Folder() + "out\\" + name;
 }
 
-inline std::string ReadText(const std::string& path) {
-    std::ifstream file(path, std::ios::binary);
-    return {std::istreambuf_iterator<char>(file), {}};
-}
 inline std::vector<uint8_t> ReadBytes(const std::string& path) {
-    std::string text = ReadText(path);
+    std::string text = test::FileText(path);
     return {text.begin(), text.end()};
 }
 inline bool WriteFile(const std::string& path, const std::string& text) {
@@ -44,17 +30,6 @@ inline bool WriteFile(const std::string& path, const std::string& text) {
 }
 inline bool Exists(const std::string& path) {
     return GetFileAttributesA(path.c_str()) != INVALID_FILE_ATTRIBUTES;
-}
-
-// The files in the folder to write to, by wildcard.
-inline int CountOut(const std::string& wildcard) {
-    WIN32_FIND_DATAA found;
-    HANDLE search = FindFirstFileA(Out(wildcard).c_str(), &found);
-    int count = search != INVALID_HANDLE_VALUE;
-    while (count && FindNextFileA(search, &found))
-        ++count;
-    FindClose(search);
-    return count;
 }
 
 // The colours that make_data.sh gives the sample picture, 7 x 5.

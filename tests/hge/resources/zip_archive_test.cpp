@@ -51,7 +51,7 @@ std::string ReasonOf(const Bytes& bytes) {
 }
 
 std::string LongText() {
-    return test_data::ReadText(test_data::Folder() + "files\\Images\\Long.TXT");
+    return test::FileText(test_data::Folder() + "files\\Images\\Long.TXT");
 }
 
 size_t FindLast(const Bytes& bytes, const std::string& text) {
