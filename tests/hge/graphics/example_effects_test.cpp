@@ -90,10 +90,7 @@ class ExampleEffectsTest : public RendererTest {
 
     void FillTarget(int number, const hge::Image& picture) {
         HTEXTURE texture = gfx().CreateTexture(picture, false, "scene");
-        ASSERT_TRUE(gfx().BeginScene(targets_[number]));
-        gfx().Clear(0);
-        DrawQuad(0, 0, kWidth, kHeight, texture);
-        gfx().EndScene();
+        DrawInto(targets_[number], [&] { DrawQuad(0, 0, kWidth, kHeight, texture); });
         gfx().FreeTexture(texture);
     }
 

@@ -72,6 +72,13 @@ hge::Image RendererTest::Screen(const std::function<void()>& draw, DWORD backgro
     return screen;
 }
 
+void RendererTest::DrawInto(HTARGET target, const std::function<void()>& draw, DWORD background) {
+    ASSERT_TRUE(gfx().BeginScene(target));
+    gfx().Clear(background);
+    draw();
+    gfx().EndScene();
+}
+
 HTEXTURE RendererTest::MakeTexture(int width, int height,
                                    const std::function<uint32_t(int x, int y)>& pixel) {
     HTEXTURE texture = gfx().CreateTexture(MakePicture(width, height, pixel), false, "test");

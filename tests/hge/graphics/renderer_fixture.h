@@ -35,6 +35,9 @@ class RendererTest : public testing::Test {
     // The screen after drawing on a background.
     static hge::Image Screen(const std::function<void()>& draw, DWORD background = 0xFF000000);
 
+    // A scene of a target.
+    static void DrawInto(HTARGET target, const std::function<void()>& draw, DWORD background = 0);
+
     HTEXTURE MakeTexture(int width, int height, const std::function<uint32_t(int x, int y)>& pixel);
     HTEXTURE MakePlain(int width, int height, uint32_t color) {
         return MakeTexture(width, height, [color](int, int) { return color; });

@@ -10,13 +10,6 @@ constexpr uint32_t kBlue = 0xFF0000FF;
 
 class TargetsTest : public RendererTest {
  protected:
-    static void DrawInto(HTARGET target, const std::function<void()>& draw, DWORD background = 0) {
-        ASSERT_TRUE(gfx().BeginScene(target));
-        gfx().Clear(background);
-        draw();
-        gfx().EndScene();
-    }
-
     // A front quad, then one behind it to the right, then a front one without depth of its own.
     static void DrawInDepth() {
         auto quad = [](float x, float z, DWORD color, int blend) {

@@ -1,9 +1,6 @@
 #include "hgesprite.h"
 
-#include <gmock/gmock.h>
-#include <gtest/gtest.h>
-
-#include "support/recording_hge.h"
+#include "support/recording_test.h"
 
 using testing::ElementsAre;
 using testing::IsEmpty;
@@ -14,14 +11,8 @@ using Floats = std::vector<float>;
 
 const float kQuarterTurn = 1.57079633f;
 
-class SpriteTest : public testing::Test {
+class SpriteTest : public RecordingTest {
  protected:
-    void SetUp() override { Recording().Reset(); }
-    void TearDown() override {
-        EXPECT_EQ(Recording().references, 0);
-        EXPECT_THAT(Recording().Faults(), IsEmpty());
-    }
-
     // The corners of the one quad drawn, x and y in turn.
     static Floats Drawn() {
         Floats corners;
@@ -48,15 +39,6 @@ class SpriteTest : public testing::Test {
     hgeSprite Make() { return hgeSprite(Recording().AddTexture(128, 64, 100, 60), 32, 16, 64, 32); }
 };
 
-TEST_F(SpriteTest, IsNewWhiteHalfwayDeepAndBlended) {
-    hgeSprite sprite = Make();
-    for (const hgeVertex& v : sprite.GetQuad().v)
-        EXPECT_TRUE(v.col == 0xFFFFFFFF && v.z == 0.5f);
-    EXPECT_EQ(sprite.GetBlendMode(), BLEND_DEFAULT);
-    EXPECT_THAT(HotSpot(sprite), ElementsAre(0, 0));
-    EXPECT_THAT(Coords(sprite), ElementsAre(0.25f, 0.25f, 0.75f, 0.75f));
-}
-
 TEST_F(SpriteTest, DrawsItsTexturesAndColoursOrAPlainColour) {
     HTEXTURE first = Recording().AddTexture(8, 8), second = Recording().AddTexture(8, 8);
     hgeSprite(first, 0, 0, 8, 8, second).Render(0, 0);
@@ -65,6 +47,7 @@ TEST_F(SpriteTest, DrawsItsTexturesAndColoursOrAPlainColour) {
     Recording().ClearCalls();
 
     hgeSprite sprite(0, 0, 0, 20, 10);
+    EXPECT_TRUE(sprite.GetColor() == 0xFFFFFFFF && sprite.GetZ() == 0.5f);
     sprite.SetColor(0x80FF0000);
     sprite.SetColor(0xFF445566, 2);
     sprite.SetZ(0.25f);
@@ -154,9 +137,9 @@ TEST_F(SpriteTest, BoundingBoxesCoverWhatIsDrawn) {
     sprite.SetHotSpot(10, 4);
     hgeRect box;
     EXPECT_EQ(sprite.GetBoundingBox(100, 50, &box), &box);
-    EXPECT_THAT((Floats{box.x1, box.y1, box.x2, box.y2}), ElementsAre(90, 46, 154, 78));
+    EXPECT_THAT(Edges(box), ElementsAre(90, 46, 154, 78));
     sprite.GetBoundingBoxEx(100, 50, kQuarterTurn, 1, 2, &box);
-    EXPECT_THAT((Floats{box.x1, box.y1, box.x2, box.y2}), Near({44, 40, 108, 104}));
+    EXPECT_THAT(Edges(box), Near({44, 40, 108, 104}));
 }
 
 TEST_F(SpriteTest, CopiesDrawAlikeAndHoldTheirOwnReference) {

@@ -26,11 +26,6 @@ std::string Frame(InputQueue& queue, int key) {
     return seen;
 }
 
-void Click(InputQueue& queue, float x, float y) {
-    queue.PostButton(kLeft, true, x, y, 0);
-    queue.PostButton(kLeft, false, x, y, 0);
-}
-
 TEST(InputQueue, ForeignKeysAndReleasesAreNothing) {
     InputQueue queue;
     queue.PostKey(HGEK_ENTER, false, 0);
@@ -51,24 +46,15 @@ TEST(InputQueue, EdgesAreSeenInOneFrameAndTheHoldUntilTheRelease) {
     EXPECT_EQ(Frame(queue, HGEK_A), "");
 }
 
-TEST(InputQueue, EveryClickIsSeen) {
-    InputQueue queue;
-    for (int i = 0; i < 3; ++i)
-        Click(queue, 5, 6);
-    for (int i = 0; i < 3; ++i)
-        EXPECT_EQ(Frame(queue, kLeft), "du") << i;
-    EXPECT_EQ(Frame(queue, kLeft), "");
-}
-
 // Within a frame a host takes the press for the earlier one.
 TEST(InputQueue, APressAfterAReleaseWaitsForTheNextFrame) {
     InputQueue queue;
     queue.PostButton(kLeft, true, 1, 1, 0);
     EXPECT_EQ(Frame(queue, kLeft), "dh");
-    queue.PostButton(kLeft, false, 1, 1, 0);
-    queue.PostButton(kLeft, true, 1, 1, 0);
+    for (bool down : {false, true, false})
+        queue.PostButton(kLeft, down, 1, 1, 0);
     EXPECT_EQ(Frame(queue, kLeft), "u");
-    EXPECT_EQ(Frame(queue, kLeft), "dh");
+    EXPECT_EQ(Frame(queue, kLeft), "du");
 }
 
 TEST(InputQueue, AClickIsSeenWhereItHappened) {
@@ -153,18 +139,10 @@ TEST(InputQueue, CharactersBelongToTheKeyThatMadeThem) {
 }
 
 TEST(KeyName, NamesKeysInEnglishAndUnknownOnesNot) {
-    const std::pair<int, const char*> names[] = {{HGEK_ESCAPE, "Escape"},
-                                                 {HGEK_Z, "Z"},
-                                                 {HGEK_0, "0"},
-                                                 {HGEK_F12, "F12"},
-                                                 {HGEK_NUMPAD9, "Numpad 9"},
-                                                 {-5, ""},
-                                                 {0, ""},
-                                                 {3, ""},
-                                                 {0x7C, ""},
-                                                 {300, ""}};
-    for (auto [key, name] : names)
-        EXPECT_STREQ(hge::KeyName(key), name) << key;
+    for (int unknown : {-5, 0, 3, 0x7C, 300})
+        EXPECT_STREQ(hge::KeyName(unknown), "") << unknown;
+    EXPECT_STREQ(hge::KeyName(HGEK_Z), "Z");
+    EXPECT_STREQ(hge::KeyName(HGEK_NUMPAD9), "Numpad 9");
 }
 
 }  // namespace
