@@ -1,10 +1,8 @@
-#include <gmock/gmock.h>
-#include <gtest/gtest.h>
-
 #include <memory>
 
 #include "drill2d/resources.h"
 #include "engine/recording_sink.h"
+#include "support/recording_test.h"
 #include "support/win32_seams.h"
 
 using testing::ElementsAre;
@@ -12,13 +10,10 @@ using testing::IsEmpty;
 
 namespace {
 
-class EngineTest : public testing::Test {
+class EngineTest : public RecordingTest {
  protected:
-    void SetUp() override {
-        Recording().Reset();
-        win32_seams::Reset();
-        engine_ = std::make_unique<C2DGameEngine>();
-    }
+    EngineTest() { win32_seams::Reset(); }
+
     // As a host does: start, then inside the loop what `loop` does.
     bool Start(
         std::function<void()> loop = [] {}, const char* title = "Drill", bool zbuffer = true) {
@@ -30,7 +25,7 @@ class EngineTest : public testing::Test {
         return engine_->InitHge(800, 600, title, zbuffer);
     }
 
-    std::unique_ptr<C2DGameEngine> engine_;
+    std::unique_ptr<C2DGameEngine> engine_ = std::make_unique<C2DGameEngine>();
     RecordingSink sink_;
 };
 
@@ -41,8 +36,6 @@ TEST_F(EngineTest, StartsEmptyAndInert) {
     RecordingControl control("control");
     control.id = 77;
     engine_->AddControl(&control);
-    engine_->RemoveControl(&control);
-    engine_->GotoTailControl(&control);
     EXPECT_FALSE(engine_->SetCursor("cursor.png", nullptr));
     EXPECT_TRUE(!engine_->Play2DSound("a.wav") && !engine_->Play2DSound(7ul));
     engine_->PlayMusic("a.ogg", true);
@@ -94,9 +87,6 @@ TEST_F(EngineTest, AFailedStartGivesTheFrameworkBackOnce) {
     calls.erase(calls.begin(), std::find(calls.begin(), calls.end(), "System_Initiate()"));
     EXPECT_THAT(calls, ElementsAre("System_Initiate()", "System_Shutdown()", "Release()"));
     EXPECT_EQ(engine_->GetGui(), nullptr);
-    engine_.reset();
-    EXPECT_EQ(Recording().references, 0);
-    EXPECT_THAT(Recording().Faults(), IsEmpty());
 }
 
 TEST_F(EngineTest, TrainingTimeSetInOnInitIsCleared) {
@@ -173,23 +163,6 @@ TEST_F(EngineTest, EndsInOrderAndGivesEverythingBack) {
     engine_.reset();
     EXPECT_THAT(Story(Recording().Calls()), ElementsAre("control deleted", "System_Shutdown()"));
     EXPECT_EQ(Recording().AllCalls().back(), "Release()");
-    EXPECT_EQ(Recording().references, 0);
-    EXPECT_THAT(Recording().Faults(), IsEmpty());
-}
-
-TEST_F(EngineTest, EffectsMakeTwoTargetsAndOneSpriteOverBoth) {
-    char file[] = "ripple.hlsl";
-    Start([&] {
-        engine_->CreateFx(file);
-        EXPECT_THAT(Recording().Calls(),
-                    ElementsAre("Target_Create(800, 600, false)", "Target_Create(800, 600, false)",
-                                "Gfx_LoadEffect(\"ripple.hlsl\")"));
-        EXPECT_TRUE(engine_->IsEnableFx());
-        Recording().effect_result = false;
-        engine_->CreateFx(file);
-        EXPECT_FALSE(engine_->IsEnableFx()) << "an effect that does not load leaves the plain path";
-        EXPECT_EQ(Recording().targets.size(), 4u) << "earlier targets stay";
-    });
 }
 
 }  // namespace

@@ -151,6 +151,8 @@ TEST_F(FrameTest, EffectsDrawThroughTwoTargets) {
     EXPECT_EQ(back.tex2, Recording().Target_GetTexture(Engine()->GetTaget1()));
     Recording().effect_result = false;
     Engine()->CreateFx(file);
+    EXPECT_FALSE(Engine()->IsEnableFx());
+    EXPECT_EQ(Recording().targets.size(), 4u) << "earlier targets stay";
 }
 
 }  // namespace

@@ -37,30 +37,16 @@ TEST_F(ControlSiteTest, OffersTwoTablesWithOneCount) {
 }
 
 TEST_F(ControlSiteTest, AnswersAsASiteWithoutAWindow) {
-    ControlSite* s = site_;
-    HWND window = reinterpret_cast<HWND>(7);
-    BOOL no_redraw = 7;
+    HWND window = nullptr;
     RECT rect = {1, 2, 3, 4};
     IMoniker* moniker = reinterpret_cast<IMoniker*>(7);
-    IOleContainer* container = reinterpret_cast<IOleContainer*>(7);
-    for (HRESULT hr :
-         {s->ContextSensitiveHelp(TRUE), s->CanInPlaceActivate(), s->OnInPlaceActivate(), s->OnUIActivate(),
-          s->Scroll(SIZE{1, 1}), s->OnUIDeactivate(TRUE), s->OnInPlaceDeactivate(), s->DiscardUndoState(),
-          s->DeactivateAndUndo(), s->OnPosRectChange(&rect), s->OnInPlaceActivateEx(&no_redraw, 0),
-          s->OnInPlaceDeactivateEx(TRUE), s->CanWindowlessActivate(), s->GetFocus(), s->SetFocus(FALSE),
-          s->ScrollRect(1, 1, nullptr, nullptr), s->AdjustRect(&rect), s->SaveObject()})
-        EXPECT_EQ(hr, S_OK);
-    for (HRESULT hr : {s->RequestUIActivate(), s->GetCapture(), s->SetCapture(TRUE), s->SetCapture(FALSE),
-                       s->OnDefWindowMessage(WM_KEYDOWN, 0, 0, nullptr)})
-        EXPECT_EQ(hr, S_FALSE);
-    for (HRESULT hr : {s->GetDC(&rect, 0, nullptr), s->ReleaseDC(nullptr), s->AdjustRect(nullptr)})
-        EXPECT_EQ(hr, E_INVALIDARG);
-    for (HRESULT hr :
-         {s->GetMoniker(0, 0, &moniker), s->ShowObject(), s->OnShowWindow(TRUE), s->RequestNewObjectLayout()})
-        EXPECT_EQ(hr, E_NOTIMPL);
-    EXPECT_EQ(s->GetWindow(&window), E_FAIL);
-    EXPECT_EQ(s->GetContainer(&container), E_NOINTERFACE);
-    EXPECT_TRUE(window && container && no_redraw == 7 && rect.left == 1) << "left as they were";
+    EXPECT_EQ(site_->CanInPlaceActivate(), S_OK);
+    EXPECT_EQ(site_->RequestUIActivate(), S_FALSE);
+    EXPECT_EQ(site_->SetCapture(TRUE), S_FALSE);
+    EXPECT_EQ(site_->GetWindow(&window), E_FAIL);
+    EXPECT_EQ(site_->GetDC(&rect, 0, nullptr), E_INVALIDARG);
+    EXPECT_EQ(site_->AdjustRect(nullptr), E_INVALIDARG);
+    EXPECT_EQ(site_->GetMoniker(0, 0, &moniker), E_NOTIMPL);
     EXPECT_EQ(moniker, nullptr);
 }
 
@@ -80,14 +66,10 @@ TEST_F(ControlSiteTest, AnyInvalidationMakesTheOwnerDrawOnce) {
     site_->InvalidateRect(&rect, FALSE);
     EXPECT_EQ(player_.Render(), 0) << "not its owner";
     site_->SetOwner(&player_);
-    for (int kind = 0; kind < 3; ++kind) {
-        for (int times = 0; times < 2; ++times)
-            EXPECT_EQ(kind == 2 ? site_->InvalidateRgn(nullptr, FALSE)
-                                : site_->InvalidateRect(kind ? &rect : nullptr, FALSE),
-                      S_OK);
-        EXPECT_EQ(player_.Render(), 1);
-        EXPECT_EQ(player_.Render(), 0);
-    }
+    EXPECT_EQ(site_->InvalidateRect(&rect, FALSE), S_OK);
+    EXPECT_EQ(site_->InvalidateRgn(nullptr, FALSE), S_OK);
+    EXPECT_EQ(player_.Render(), 1);
+    EXPECT_EQ(player_.Render(), 0);
 }
 
 }  // namespace

@@ -1,22 +1,18 @@
 #pragma once
 
-#include <gmock/gmock.h>
-#include <gtest/gtest.h>
-
 #include <functional>
 #include <sstream>
 
 #include "drill2d/flash.h"
 #include "flash/control/movie_control.h"
-#include "support/recording_hge.h"
+#include "support/recording_test.h"
 
 // Every test ends with no object alive in the module, nothing wrong with the framework and the module free.
-class FlashTest : public testing::Test {
+class FlashTest : public RecordingTest {
  public:
     FlashTest()
         : module_(LoadLibraryA("flash.ocx")),
           control_(Export<decltype(GetMovieControl)>("GetMovieControl")()) {
-        Recording().Reset();
         control_->Clear();
     }
     ~FlashTest() override {
@@ -25,7 +21,6 @@ class FlashTest : public testing::Test {
         EXPECT_EQ(Export<decltype(DllCanUnloadNow)>("DllCanUnloadNow")(), S_OK);
         FreeLibrary(module_);
         EXPECT_EQ(GetModuleHandleA("flash.ocx"), nullptr) << "a player still holds the module";
-        EXPECT_THAT(Recording().Faults(), testing::IsEmpty());
     }
 
     // The control's calls while something is done.

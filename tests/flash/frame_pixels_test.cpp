@@ -29,16 +29,4 @@ TEST(FramePixels, AlphaIsTheRedDifferenceInEverySize) {
     }
 }
 
-TEST(FramePixels, RowsKeepToTheirStride) {
-    for (size_t width = 1; width < 20; ++width)
-        for (size_t stride : {width, width + 1, size_t{32}}) {
-            std::vector<uint32_t> src = RandomPixels(width * 5), dst = RandomPixels(stride * 5);
-            std::vector<uint32_t> expected = dst;
-            for (size_t i = 0; i < src.size(); ++i)
-                expected[i / width * stride + i % width] = src[i];
-            flash::CopyRows(dst.data(), stride, src.data(), width, 5);
-            ASSERT_EQ(dst, expected) << width << " of " << stride;
-        }
-}
-
 }  // namespace

@@ -154,8 +154,7 @@ class ControlsScreen {
         button->MoveWindow(20, 120, 120, 40, layout_.get(), true);
         box->MoveWindow(20, 60, 20, 20, layout_.get(), true);
         label->MoveWindow(30, 10, 200, 40, layout_.get(), true);
-        for (hgeGUIObject* child : {static_cast<hgeGUIObject*>(button), static_cast<hgeGUIObject*>(box),
-                                    static_cast<hgeGUIObject*>(label)})
+        for (hgeGUIObject* child : std::initializer_list<hgeGUIObject*>{button, box, label})
             layout_->AddControl(child);
         window->MoveWindow(520, 380, 0, 0, false);
         button->SetCaption("Child");

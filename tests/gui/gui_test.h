@@ -1,16 +1,10 @@
 #pragma once
 
-#include <gmock/gmock.h>
-#include <gtest/gtest.h>
-
 #include <memory>
-#include <string>
-#include <vector>
 
 #include "drill2d/controls.h"
-#include "drill2d/resources.h"
 #include "support/notify_text.h"
-#include "support/recording_hge.h"
+#include "support/recording_test.h"
 #include "support/win32_seams.h"
 
 using testing::ElementsAre;
@@ -37,21 +31,15 @@ class NotifyLog final : public INotifyMsg {
 };
 
 // Controls in a GUI with a mouse; each step of the mouse is one frame. Images are 500 x 40 pixels.
-class GuiTest : public testing::Test {
+class GuiTest : public RecordingTest {
  protected:
-    void SetUp() override {
-        Recording().Reset();
+    GuiTest() {
         Recording().initiated = true;
         Recording().image_width = 500;
         Recording().image_height = 40;
         // Far from every press of the tests before: the press debounce lives as long as the process.
         static DWORD start = 0;
         win32_seams::SetTick(start += 1000000);
-        gui_ = std::make_unique<hgeGUI>();
-    }
-    void TearDown() override {
-        gui_.reset();
-        EXPECT_THAT(Recording().Faults(), IsEmpty());
     }
 
     // The GUI owns it.
@@ -59,7 +47,7 @@ class GuiTest : public testing::Test {
     Control* Add(Control* control) {
         control->id = ++last_id_;
         control->SetINotifyMsg(&log_);
-        gui_->AddCtrl(control);
+        gui_.AddCtrl(control);
         return control;
     }
     void MoveMouse(float x, float y) {
@@ -76,25 +64,21 @@ class GuiTest : public testing::Test {
         Frame();
     }
     void Frame() {
-        gui_->Update(0.25f);
+        gui_.Update(0.25f);
         Recording().NextFrame();
     }
     // The quads of one picture.
     std::vector<hgeQuad> Draw() {
         Recording().ClearCalls();
-        gui_->Render();
+        gui_.Render();
         return Recording().quads;
     }
     // Where in the 500 pixels of the first quad's image its left edge lies.
     float SourceLeft() { return Draw().at(0).v[0].tx * 500; }
 
     NotifyLog log_;
-    std::unique_ptr<hgeGUI> gui_;
+    hgeGUI gui_;
 
  private:
     int last_id_ = 0;
 };
-
-inline std::vector<float> Edges(const hgeRect& rect) {
-    return {rect.x1, rect.y1, rect.x2, rect.y2};
-}

@@ -29,8 +29,6 @@ TEST_F(LabelTest, RefusesNullAndWorksWithoutAFont) {
     EXPECT_FALSE(label.SetText(nullptr));
     label.SetText(label.getText() + 2);
     EXPECT_STREQ(label.getText(), "pt") << "a text may come from the label itself";
-    label.SetColor(0xFF102030);
-    label.setbackgroundColor(0xFF000000);
     EXPECT_TRUE(label.LoadImageInfo(nullptr, "a.png")) << "the label is there, empty";
     label.SetText(std::string(3000, 'x').c_str());
     EXPECT_EQ(std::string(label.getText()).size(), 1023u);
@@ -123,18 +121,6 @@ TEST_F(LabelTest, TheImageIsDrawnAtItsSizeOrStretched) {
     EXPECT_EQ(quads[1].v[3].col, 0x96000000);
     label->MoveWindow(5, 6, 0, 0, true);
     EXPECT_EQ(Draw().size(), 1u) << "a label without size draws nothing";
-}
-
-TEST_F(LabelTest, HidingForAWhileKeepsWhatShowWindowWanted) {
-    CGameLable label;
-    label.ShowWindow(true);
-    label.SetWindowStoreVisable(false);
-    EXPECT_FALSE(label.IsWindowVisible() || label.bEnabled);
-    EXPECT_TRUE(label.GetWindowStoreVisable());
-    label.EnableWindow(false);
-    label.SetWindowStoreVisable(true);
-    EXPECT_TRUE(label.IsWindowVisible());
-    EXPECT_FALSE(label.bEnabled) << "still disabled";
 }
 
 }  // namespace

@@ -84,9 +84,7 @@ TEST_F(LayoutTest, AChildThatDoesNotAnswerIsPassedOver) {
     struct Stranger : hgeGUIObject {
         void Render() override {}
     } stranger;
-    for (hgeGUIObject* child : {static_cast<hgeGUIObject*>(&k1_), static_cast<hgeGUIObject*>(&mute),
-                                static_cast<hgeGUIObject*>(&stranger), static_cast<hgeGUIObject*>(nullptr),
-                                static_cast<hgeGUIObject*>(&k2_)})
+    for (hgeGUIObject* child : std::initializer_list<hgeGUIObject*>{&k1_, &mute, &stranger, nullptr, &k2_})
         layout_->AddControl(child);
     owner_.MoveWindow(100, 50, 0, 0, false);
     layout_->MoveWindow(0, 0, 0, 0, false);

@@ -1,12 +1,9 @@
-#include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
 #include <cstdio>
 
 #include "drill2d/resources.h"
 #include "support/framework_fixture.h"
-
-using testing::HasSubstr;
 
 namespace {
 
@@ -92,21 +89,6 @@ TEST_F(PacketsTest, EachOwnerFreesItsOwnTextures) {
     manager.FreePacketResource(Pack("one"));
     EXPECT_EQ(more(), 1u) << "the cache keeps its own";
     hge_->Texture_Free(CGameResourceManager::getInstance()->find_tex("one_002.png"));
-}
-
-TEST_F(PacketsTest, TheLogSaysWhatCouldNotBeHadAndWhy) {
-    CGameResourceManager manager(hge_);
-    manager.AttachPacket(Pack("one").c_str());
-    manager.AttachPacket(Pack("names").c_str());
-    manager.SetCurPacket(Pack("names"));
-    EXPECT_EQ(manager.GetImage("nowhere.png"), 0u);
-    EXPECT_THAT(LogText(), HasSubstr("cannot load \"nowhere.png\": not in the packs \"" + Pack("names") +
-                                     "\", \"" + Pack("one") + "\", and "));
-    EXPECT_EQ(manager.GetImage("broken.png"), 0u);
-    EXPECT_THAT(LogText(), HasSubstr("cannot load texture \"broken.png\": "));
-    manager.AttachPacket("absent.zip");
-    EXPECT_THAT(LogText(), HasSubstr("cannot attach pack \"absent.zip\": "));
-    manager.FreePacketResource(Pack("names"));
 }
 
 TEST_F(PacketsTest, ChineseNamesAreFoundUnderTheCodePage) {

@@ -1,8 +1,5 @@
-#include <gmock/gmock.h>
-#include <gtest/gtest.h>
-
 #include "drill2d/resources.h"
-#include "support/recording_hge.h"
+#include "support/recording_test.h"
 
 using testing::Contains;
 using testing::ElementsAre;
@@ -10,14 +7,9 @@ using testing::IsEmpty;
 
 namespace {
 
-class ResourceManagerTest : public testing::Test {
+class ResourceManagerTest : public RecordingTest {
  protected:
-    void SetUp() override {
-        Recording().Reset();
-        for (const char* name : {"a.png", "b.png"})
-            Recording().files[name] = "image";
-    }
-    void TearDown() override { EXPECT_THAT(Recording().Faults(), IsEmpty()); }
+    ResourceManagerTest() { Recording().files = {{"a.png", "image"}, {"b.png", "image"}}; }
 
     static std::vector<std::string> TakeCalls() {
         std::vector<std::string> calls = Recording().Calls();
@@ -52,8 +44,8 @@ TEST_F(ResourceManagerTest, WithoutHgeImagesAreNotHadButTheCacheHelpsItself) {
     EXPECT_EQ(bare.GetImage("a.png"), 0u);
     EXPECT_THAT(Recording().AllCalls(), IsEmpty());
     EXPECT_NE(bare.create_tex("a.png"), 0u);
-    EXPECT_EQ(Recording().references, 1);
     EXPECT_NE(bare.GetImage("a.png"), 0u) << "the reference serves GetImage too";
+    EXPECT_EQ(std::exchange(Recording().references, 0), 1) << "kept for the life of the process";
 }
 
 TEST_F(ResourceManagerTest, APacketIsAttachedOnceAndAFailureOnlyShowsInTheList) {

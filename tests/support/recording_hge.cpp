@@ -184,19 +184,17 @@ void RecordingHge::Ini_SetInt(const char* section, const char* name, int value) 
     ini_[std::string(section) + "/" + name] = std::to_string(value);
 }
 int RecordingHge::Ini_GetInt(const char* section, const char* name, int def_val) {
-    Record(__func__, section, name, def_val);
-    auto entry = ini_.find(std::string(section) + "/" + name);
-    return entry == ini_.end() ? def_val : std::stoi(entry->second);
+    std::string entry = ini_[std::string(section) + "/" + name];
+    return Give(entry.empty() ? def_val : std::stoi(entry), __func__, section, name, def_val);
 }
 void RecordingHge::Ini_SetString(const char* section, const char* name, const char* value) {
     Record(__func__, section, name, value);
     ini_[std::string(section) + "/" + name] = value ? value : "";
 }
 char* RecordingHge::Ini_GetString(const char* section, const char* name, const char* def_val) {
-    Record(__func__, section, name, def_val);
     auto entry = ini_.find(std::string(section) + "/" + name);
     answer_ = entry == ini_.end() ? def_val : entry->second;
-    return answer_.data();
+    return Give(answer_.data(), __func__, section, name, def_val);
 }
 
 HEFFECT RecordingHge::Effect_Load(const char* filename, DWORD size) {

@@ -4,7 +4,6 @@
 #include "support/recording_hge.h"
 
 using testing::ElementsAre;
-using testing::IsEmpty;
 
 namespace {
 
@@ -60,17 +59,6 @@ TEST_F(RecordingTest, WhatIsFreedTwiceOrUsedDeadIsAFault) {
                             "Resource_Free: the block is not live", "Gfx_EndScene: no scene is open",
                             "Texture_Free: 3 belongs to a target", "Random_Int: not expected",
                             "Release: more often than hgeCreate"));
-}
-
-TEST_F(RecordingTest, FreedEffectsAndTargetsTakeTheirsAlong) {
-    HEFFECT effect = hge_.Effect_Load("a.wav", 0);
-    HCHANNEL channel = hge_.Effect_PlayEx(effect, 100, 0, 1, true);
-    EXPECT_TRUE(hge_.Channel_IsPlaying(channel));
-    hge_.Effect_Free(effect);
-    EXPECT_FALSE(hge_.Channel_IsPlaying(channel));
-    hge_.Target_Free(hge_.Target_Create(800, 600, false));
-    EXPECT_THAT(hge_.textures, IsEmpty());
-    EXPECT_THAT(hge_.Faults(), IsEmpty());
 }
 
 }  // namespace

@@ -1,12 +1,9 @@
 #include "drill2d/font.h"
 
-#include <gmock/gmock.h>
-#include <gtest/gtest.h>
-
 #include <algorithm>
 #include <memory>
 
-#include "support/recording_hge.h"
+#include "support/recording_test.h"
 #include "text/gdi_seams.h"
 
 using testing::ElementsAre;
@@ -18,13 +15,10 @@ std::unique_ptr<GfxFont> MakeFont(int size, int bold = 0, int antialias = 1) {
     return std::make_unique<GfxFont>("WenQuanYi Zen Hei", size, bold, 0, antialias);
 }
 
-class FontTest : public testing::Test {
+class FontTest : public RecordingTest {
  protected:
-    void SetUp() override { Recording().Reset(); }
-    void TearDown() override {
-        EXPECT_THAT(Recording().Faults(), IsEmpty());
+    ~FontTest() override {
         EXPECT_EQ(gdi_seams::LiveObjects(), 0);
-        EXPECT_EQ(Recording().references, 0);
         EXPECT_THAT(Recording().textures, IsEmpty());
     }
     // Draws at (0, 0) and gives the quads.

@@ -168,7 +168,6 @@ class Movie final : public UnusedMovie, public UnusedOle, public UnusedPlacement
         *label = SysAllocString((target + (L" " + std::to_wstring(frame_))).c_str());
         return S_OK;
     }
-    STDMETHODIMP TCallFrame(BSTR target, int frame) override { return Record("TCallFrame", target, frame); }
     STDMETHODIMP TCallLabel(BSTR target, BSTR label) override { return Record("TCallLabel", target, label); }
     STDMETHODIMP SetVariable(BSTR name, BSTR value) override {
         variables_[name] = value;

@@ -27,7 +27,7 @@ struct UnusedMovie : IShockwaveFlash {
     UNUSED_PROPERTY(DeviceFont, VARIANT_BOOL) UNUSED_PROPERTY(EmbedMovie, VARIANT_BOOL)
     UNUSED_PROPERTY(BGColor, BSTR) UNUSED(get_Quality2, BSTR*) UNUSED(LoadMovie, int, BSTR)
     UNUSED(TGotoFrame, BSTR, long) UNUSED(TGotoLabel, BSTR, BSTR) UNUSED(TCurrentFrame, BSTR, long*)
-    UNUSED(TPlay, BSTR) UNUSED(TStopPlay, BSTR) UNUSED(TSetProperty, BSTR, int, BSTR)
+    UNUSED(TPlay, BSTR) UNUSED(TStopPlay, BSTR) UNUSED(TCallFrame, BSTR, int) UNUSED(TSetProperty, BSTR, int, BSTR)
     UNUSED(TGetProperty, BSTR, int, BSTR*) UNUSED(TSetPropertyNum, BSTR, int, double)
     UNUSED(TGetPropertyNum, BSTR, int, double*) UNUSED(TGetPropertyAsNumber, BSTR, int, double*)
     UNUSED_PROPERTY(SWRemote, BSTR) UNUSED_PROPERTY(FlashVars, BSTR) UNUSED_PROPERTY(AllowScriptAccess, BSTR)
