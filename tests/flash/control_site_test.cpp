@@ -40,7 +40,7 @@ TEST_F(ControlSiteTest, AnswersAsASiteWithoutAWindow) {
     HWND window = nullptr;
     RECT rect = {1, 2, 3, 4};
     IMoniker* moniker = reinterpret_cast<IMoniker*>(7);
-    EXPECT_EQ(site_->CanInPlaceActivate(), S_OK);
+    EXPECT_EQ(site_->CanWindowlessActivate(), S_OK);
     EXPECT_EQ(site_->RequestUIActivate(), S_FALSE);
     EXPECT_EQ(site_->SetCapture(TRUE), S_FALSE);
     EXPECT_EQ(site_->GetWindow(&window), E_FAIL);

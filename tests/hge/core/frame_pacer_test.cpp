@@ -52,6 +52,7 @@ TEST(FramePacer, AClockThatWasSetBackWaitsOneFrameAtMost) {
     EXPECT_EQ(pacer.DueTime(3), 3 + kFrame);
     pacer.BeginFrame(3);
     EXPECT_EQ(pacer.delta(), 0);
+    EXPECT_FLOAT_EQ(pacer.time(), 0.02f) << "the frame before, which was too long to count as it was";
 }
 
 TEST(FramePacer, DeltaIsTheRealTimeUpToAFifthOfASecond) {
