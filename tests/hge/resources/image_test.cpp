@@ -3,8 +3,6 @@
 #include <gmock/gmock.h>
 #include <objbase.h>
 
-#include <map>
-
 #include "hge/resources/test_data.h"
 #include "resources/bmp.h"
 

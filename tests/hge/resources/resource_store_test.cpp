@@ -12,7 +12,6 @@ using hge::Log;
 using hge::ResourceStore;
 using test_data::Out;
 using test_data::Pack;
-using testing::AllOf;
 using testing::EndsWith;
 using testing::HasSubstr;
 using testing::StartsWith;

@@ -17,7 +17,6 @@ using hge::ZipArchive;
 using test_data::Pack;
 using test_data::ReadBytes;
 using testing::AnyOf;
-using testing::HasSubstr;
 
 using Bytes = std::vector<uint8_t>;
 
