@@ -55,6 +55,7 @@ TEST_F(ButtonTest, WorksWithoutImageFontAndSink) {
     EXPECT_TRUE(button.LoadImageInfo("button.png"));
     button.SetCaption(nullptr);
     button.SetFontColor(0xFF000000);
+    EXPECT_TRUE(button.MouseLButton(false)) << "outside its empty rectangle";
     button.rect.x2 = 1;
     EXPECT_FALSE(button.MouseLButton(false)) << "a click that nobody hears is no command";
     button.Render();
