@@ -10,6 +10,8 @@ namespace hge {
 
 namespace {
 
+constexpr size_t kMostCompiled = 32;
+
 // The layout of EffectValues in the text before an effect's own.
 struct Values {
     struct {
@@ -45,19 +47,13 @@ void SetInput(const EffectInput& input, int index, Values* values) {
     values->slice[index] = static_cast<float>(placement.slice);
 }
 
-ComPtr<ID3DBlob> CompileEffect(const std::string& text, const char* name, std::string* reason) {
-    ComPtr<ID3DBlob> code = CompileShader(text, kEffectTextName, kEffectEntry, "ps_4_0", reason);
-    if (!code) *reason = EffectMessages(*reason, name);
-    return code;
-}
-
 }  // namespace
 
 bool Effect::Load(const Device& device, const char* name, const void* bytes, size_t size, Log& log) {
     Unload();
     std::string text;
     std::string reason;
-    if (MakeEffectText(bytes, size, &text, &reason)) code_ = CompileEffect(text, name, &reason);
+    if (MakeEffectText(bytes, size, &text, &reason)) code_ = Compiled(text, name, &reason);
     if (code_ && !Restore(device)) {
         Unload();
         reason = "the device refuses it";
@@ -69,6 +65,17 @@ bool Effect::Load(const Device& device, const char* name, const void* bytes, siz
     loaded_at_ = now_;
     log.Write("effect \"%s\" loaded", name);
     return true;
+}
+
+ComPtr<ID3DBlob> Effect::Compiled(const std::string& text, const char* name, std::string* reason) {
+    if (auto found = compiled_.find(text); found != compiled_.end()) return found->second;
+    ComPtr<ID3DBlob> code = CompileShader(text, kEffectTextName, kEffectEntry, "ps_4_0", reason);
+    if (!code) {
+        *reason = EffectMessages(*reason, name);
+        return {};
+    }
+    if (compiled_.size() >= kMostCompiled) compiled_.clear();
+    return compiled_[text] = code;
 }
 
 void Effect::Unload() {

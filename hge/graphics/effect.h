@@ -1,5 +1,8 @@
 #pragma once
 
+#include <map>
+#include <string>
+
 #include "graphics/geometry.h"
 #include "graphics/pipeline.h"
 
@@ -32,6 +35,11 @@ class Effect {
               const Surface& surface) const;
 
  private:
+    // Null when the text does not compile.
+    ComPtr<ID3DBlob> Compiled(const std::string& text, const char* name, std::string* reason);
+
+    // By text. Compiling takes many frames' time, and some systems' compilers leave memory behind each time.
+    std::map<std::string, ComPtr<ID3DBlob>> compiled_;
     ComPtr<ID3DBlob> code_;
     ComPtr<ID3D11PixelShader> shader_;
     ComPtr<ID3D11Buffer> values_;

@@ -69,7 +69,7 @@ class Game : public I2DGameEngineSink {
 
     // Before the engine goes.
     void Close() { toys_.clear(); }
-    bool Verdict() const {
+    bool Verdict() {
         std::printf("%u steps, order of actions %08x\n", step_, order_);
         return record_.Verdict("game.log", !options_.frames);
     }

@@ -13,7 +13,9 @@ namespace soak {
 namespace {
 
 constexpr double kSecondsBetweenLines = 10, kSlowMilliseconds = 100;
-constexpr int kSlowToTell = 20;
+constexpr int kMostLines = 20;
+// Wine's sound engine leaves its thread and two events behind.
+constexpr long kHandlesOfLostSound = 3;
 
 // Lines that such a run has to bring: what is missing on purpose, handles that went first, and the life of
 // the engine.
@@ -37,9 +39,8 @@ long Median(std::vector<long> values) {
     return *middle;
 }
 
-bool IsExpected(const std::string& line) {
-    return std::any_of(std::begin(kExpectedInLog), std::end(kExpectedInLog),
-                       [&](const char* part) { return line.find(part) != std::string::npos; });
+bool Holds(const std::string& line, const char* part) {
+    return line.find(part) != std::string::npos;
 }
 
 }  // namespace
@@ -56,7 +57,7 @@ void Record::AddFrame(double milliseconds, bool load) {
     double& worst = load ? worst_load_ : worst_;
     worst = std::max(worst, milliseconds);
     if (load || milliseconds <= kSlowMilliseconds) return;
-    if (++slow_ <= kSlowToTell) std::printf("  %.0f ms at %s\n", milliseconds, LastActions().c_str());
+    if (++slow_ <= kMostLines) std::printf("  %.0f ms at %s\n", milliseconds, LastActions().c_str());
 }
 
 void Record::PrintLineWhenDue() {
@@ -82,35 +83,39 @@ bool Record::IsFlat(size_t gauge) const {
         return Median(values);
     };
     long before = quarter(2), after = quarter(4);
-    bool flat = after - before <= kGauges[gauge].slack;
+    long slack = kGauges[gauge].slack + (gauge == kHandles ? kHandlesOfLostSound * sound_losses_ : 0);
+    bool flat = after - before <= slack;
     std::printf("  %-12s %8ld %8ld  %s\n", kGauges[gauge].name, before, after, flat ? "flat" : "GROWN");
     return flat;
 }
 
-bool Record::LogIsAsExpected(const char* log) const {
+bool Record::LogIsAsExpected(const char* log) {
     std::ifstream file(log);
     std::string line;
     int unexpected = 0;
     bool finished = false;
     while (std::getline(file, line)) {
-        finished = line.find("finished") != std::string::npos;
-        if (IsExpected(line)) continue;
-        if (++unexpected <= 20) std::printf("  unexpected in the log: %s\n", line.c_str());
+        finished |= Holds(line, "finished");
+        sound_losses_ += Holds(line, "sound: the device is gone");
+        bool expected = std::any_of(std::begin(kExpectedInLog), std::end(kExpectedInLog),
+                                    [&](const char* part) { return Holds(line, part); });
+        if (!expected && ++unexpected <= kMostLines)
+            std::printf("  unexpected in the log: %s\n", line.c_str());
     }
-    std::printf("  log: %d unexpected lines, %s\n", unexpected, finished ? "finished" : "NOT FINISHED");
+    std::printf("  log: %d unexpected lines, %s, sound lost %ld times\n", unexpected,
+                finished ? "finished" : "NOT FINISHED", sound_losses_);
     return unexpected == 0 && finished;
 }
 
-bool Record::Verdict(const char* log, bool warm) const {
+bool Record::Verdict(const char* log, bool warm) {
+    bool good = LogIsAsExpected(log) && rests_.size() >= 4;
     std::printf("at rest, medians of the second and the last quarter of %u:\n",
                 static_cast<unsigned>(rests_.size()));
-    bool good = rests_.size() >= 4;
     for (size_t i = 0; i < std::size(kGauges); ++i)
-        good &= IsFlat(i) || (i == 0 && !warm);
+        good &= IsFlat(i) || (i == kMemory && !warm);
     std::printf("  %ld frames over %.0f ms that were no loads (worst %.0f ms)\n", slow_, kSlowMilliseconds,
                 worst_);
     std::printf("  %ld of %ld frames were loads (worst %.0f ms)\n", loads_, frames_, worst_load_);
-    good &= LogIsAsExpected(log);
     good &= slow_ == 0 || !warm;
     std::printf("%s\n", good ? "soak: passed" : "soak: FAILED");
     return good;

@@ -18,14 +18,14 @@ class Record {
     void PrintLineWhenDue();
     // Prints it. log: the framework's, of this run. warm: the run was long enough for memory and slow
     // frames to count.
-    bool Verdict(const char* log, bool warm) const;
+    bool Verdict(const char* log, bool warm);
 
  private:
     bool IsFlat(size_t gauge) const;
-    bool LogIsAsExpected(const char* log) const;
+    bool LogIsAsExpected(const char* log);
 
     std::vector<Gauges> rests_;
-    long frames_ = 0, frames_since_line_ = 0, slow_ = 0, loads_ = 0;
+    long frames_ = 0, frames_since_line_ = 0, slow_ = 0, loads_ = 0, sound_losses_ = 0;
     double seconds_ = 0, last_line_ = 0, worst_since_line_ = 0, worst_ = 0, worst_load_ = 0;
     bool worst_is_load_ = false;
 };

@@ -56,7 +56,7 @@ class Screens : public Toys {
 
  private:
     void OfferScreens() {
-        May("save a picture", 1, [this](Dice& dice) { SavePicture(dice); });
+        MayLoad("save a picture", 1, [this](Dice& dice) { SavePicture(dice); });
         MayLoad("create an effect", 1, [this](Dice& dice) {
             hge_->Resource_AttachPack("effects.zip");
             CreateEffect(dice.Of(kEffects));

@@ -13,7 +13,7 @@ namespace soak {
 struct Action {
     const char* name;
     int weight;
-    bool load;  // reads files or changes the screen's mode: its frame may take long
+    bool load;  // reads or writes large files or changes the screen's mode: its frame may take long
     std::function<void(Dice&)> run;
 };
 
