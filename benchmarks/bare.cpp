@@ -57,19 +57,23 @@ ComPtr<ID3DBlob> Compile(const char* entry, const char* model) {
     return code;
 }
 
-std::vector<DeviceVertex> WholeScreen() {
-    const float w = kScreenWidth, h = kScreenHeight;
-    return {{0, 0, 0, ~0u, 0, 0, 255 << 8},
-            {w, 0, 0, ~0u, 1, 0, 255 << 8},
-            {w, h, 0, ~0u, 1, 1, 255 << 8},
-            {0, h, 0, ~0u, 0, 1, 255 << 8}};
-}
-
 }  // namespace
 
 Bare& Bare::Get() {
     static Bare bare;
     return bare;
+}
+
+std::vector<DeviceVertex> Bare::WholeScreens(int count, uint32_t color) {
+    constexpr float w = kScreenWidth, h = kScreenHeight;
+    constexpr uint32_t kAlpha = 255 << 8;
+    std::vector<DeviceVertex> vertices;
+    for (int i = 0; i < count; ++i)
+        vertices.insert(vertices.end(), {{0, 0, 0, color, 0, 0, kAlpha},
+                                         {w, 0, 0, color, 1, 0, kAlpha},
+                                         {w, h, 0, color, 1, 1, kAlpha},
+                                         {0, h, 0, color, 0, 1, kAlpha}});
+    return vertices;
 }
 
 Bare::Bare() {
@@ -222,7 +226,7 @@ void Bare::DrawPictures() {
         device_.context()->ClearRenderTargetView(picture_surfaces_[i].color.Get(), colors[i]);
     SetClip(false);
     SetSource(&pictures_[0], &pictures_[1], mix_.Get());
-    DrawRing(WholeScreen().data(), 1);
+    DrawRing(WholeScreens(1, 0xFFFFFFFF).data(), 1);
 }
 
 void Bare::Present() {

@@ -13,6 +13,8 @@ class Bare {
  public:
     // The one of the program, made at its first use.
     static Bare& Get();
+    // Quads over the whole screen, white texels of the page.
+    static std::vector<hge::DeviceVertex> WholeScreens(int count, uint32_t color);
 
     // Maps, copies and draws, in rings as large as the framework's. Only the first pixel is drawn when
     // clipped.

@@ -15,7 +15,7 @@ namespace bench {
 
 namespace {
 
-constexpr int kWarmUp = 2, kRounds = 9, kQuickRounds = 2;
+constexpr int kWarmUp = 2, kRounds = 9, kSlowWarmUp = 1, kSlowRounds = 7, kQuickRounds = 1;
 constexpr size_t kSizesOfFit = 3;
 
 struct Samples {
@@ -95,13 +95,14 @@ void Meter::CountSince(const Counts& before) {
 }
 
 bool Suite::Row::missed() const {
-    return (scene.limit > 0 && ratio > scene.limit) || (scene.heap_free && counts.allocations > 0);
+    return (scene.limit > 0 && ratio > scene.limit) || (scene.heap_free && counts.allocations > 0) ||
+           (scene.most_draws > 0 && counts.draws > scene.most_draws);
 }
 
 void Suite::AddValue(const std::string& name, double limit, std::function<double()> measure) {
     Add(name, [limit, measure] {
         Scene scene;
-        scene.is_value = true;
+        scene.is_value = scene.slow = true;
         scene.limit = limit;
         scene.ours = [measure](Meter& meter) { meter.Add(measure()); };
         return scene;
@@ -117,8 +118,8 @@ void Suite::List() const {
 Suite::Row Suite::Measure(const std::string& name, const Scene& scene) const {
     Samples ours, bare, ratios;
     Row row;
-    const int rounds = options_.quick ? kQuickRounds : kRounds;
-    for (int round = -kWarmUp; round < rounds; ++round) {
+    const int rounds = options_.quick ? kQuickRounds : scene.slow ? kSlowRounds : kRounds;
+    for (int round = scene.slow ? -kSlowWarmUp : -kWarmUp; round < rounds; ++round) {
         Meter our_meter, bare_meter;
         scene.ours(our_meter);
         if (scene.bare) scene.bare(bare_meter);

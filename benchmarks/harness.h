@@ -55,6 +55,8 @@ struct Scene {
     double growth_limit = 0;  // largest exponent
     bool heap_free = false;   // a round must not allocate
     bool is_value = false;    // ours gives no time but a number, at most limit
+    bool slow = false;        // the rounds are long: the fewest do
+    int64_t most_draws = 0;   // in a round; 0: any number
 };
 
 struct Options {

@@ -1,9 +1,9 @@
 #include <cstdio>
-#include <cstring>
 #include <memory>
+#include <string>
 
 #include "allocations.h"
-#include "drill2d/drill2d.h"
+#include "idle_host.h"
 #include "scenes.h"
 
 namespace {
@@ -17,7 +17,7 @@ constexpr char kUsage[] =
     "  --list         names of the scenes\n";
 
 // Everything happens before the loop of the engine begins: the scenes run the framework's loop themselves.
-struct Host : I2DGameEngineSink {
+struct Host : bench::IdleHost {
     explicit Host(bench::Suite& scenes) : suite(scenes) {}
 
     void OnInit() override {
@@ -26,15 +26,6 @@ struct Host : I2DGameEngineSink {
         all_ran = suite.Run();
         PostQuitMessage(0);
     }
-    void OnRender() override {}
-    void OnRenderTarget() override {}
-    void OnRenderTarget1() override {}
-    void OnFrame(float, int) override {}
-    void OnLButtonDown(float, float) override {}
-    void OnLButtonUp(float, float) override {}
-    void OnRButtonDown(float, float) override {}
-    void OnRButtonUp(float, float) override {}
-    void OnMouseMove(float, float) override {}
 
     bench::Suite& suite;
     bool all_ran = false;
@@ -61,13 +52,20 @@ bool Parse(int count, char** arguments, bench::Options* options) {
 }  // namespace
 
 int main(int count, char** arguments) {
+    if (count == 3 && arguments[1] == std::string("--first-frame"))
+        return bench::ShowFirstFrame(arguments[2]);
+    if (count == 3 && arguments[1] == std::string("--first-frame-bare"))
+        return bench::ShowFirstFrameBare(arguments[2]);
     bench::Options options;
     if (!Parse(count, arguments, &options)) {
         std::fputs(kUsage, stderr);
         return 2;
     }
     bench::Suite suite(options);
-    bench::AddQuadScenes(suite);
+    for (auto add : {bench::AddQuadScenes, bench::AddTextScenes, bench::AddGuiScenes, bench::AddMovieScenes,
+                     bench::AddEffectScenes, bench::AddPackScenes, bench::AddNameScenes,
+                     bench::AddSoundScenes, bench::AddPacingScenes, bench::AddStartupScenes})
+        add(suite);
     if (options.list) {
         suite.List();
         return 0;

@@ -41,6 +41,13 @@ void RunLoop(int count, std::function<void()> draw, hgeCallback render) {
     Require(g_frames_left < 0, "the window was closed");
 }
 
+// The first frames fill what is between the loop and the display.
+constexpr int kFilling = 3;
+
+double MeanFrameTime() {
+    return (g_starts.back() - g_starts[kFilling]) / static_cast<double>(g_starts.size() - 1 - kFilling);
+}
+
 // Takes the place of Gfx_RenderQuad in the framework's table of operations for as long as it lives.
 class QuadTap {
  public:
@@ -94,9 +101,22 @@ void Stage::Frames(int count, std::function<void()> draw) {
 }
 
 double Stage::FrameTime(int count, const std::function<void()>& draw) {
-    constexpr int kFilling = 3;
     RunLoop(count + kFilling, draw, DrawFrame);
-    return (g_starts[static_cast<size_t>(count + kFilling)] - g_starts[kFilling]) / count;
+    return MeanFrameTime();
+}
+
+double Stage::EngineFrameTime(int count) {
+    RunLoop(count + kFilling, nullptr, C2DGameEngine::Render);
+    return MeanFrameTime();
+}
+
+std::vector<double> Stage::FrameTimes(int count, std::function<void()> draw) {
+    const hgeCallback render = draw ? DrawFrame : nullptr;
+    RunLoop(count + kFilling, std::move(draw), render);
+    std::vector<double> times;
+    for (size_t i = kFilling; i + 1 < g_starts.size(); ++i)
+        times.push_back(g_starts[i + 1] - g_starts[i]);
+    return times;
 }
 
 // Presenting waits for the frame before when that one is older than some milliseconds.

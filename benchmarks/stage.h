@@ -20,6 +20,10 @@ class Stage {
     static void Frames(int count, std::function<void()> draw);
     // Nanoseconds of a frame among many, in which presenting waits for what it has to.
     static double FrameTime(int count, const std::function<void()>& draw);
+    // The same for frames of the engine, whose host draws nothing.
+    static double EngineFrameTime(int count);
+    // Nanoseconds from frame to frame. Without draw nothing is drawn or presented.
+    static std::vector<double> FrameTimes(int count, std::function<void()> draw = nullptr);
     // Returns when the display is done with everything drawn so far.
     static void Settle();
     // A round that counts draw and the scene around it, but no presenting.

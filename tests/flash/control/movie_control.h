@@ -18,6 +18,7 @@ struct MovieControl {
 
     long objects;
     long draws;
+    long long draw_ticks;  // of the performance counter, spent drawing
     long class_references;
     IOleInPlaceSiteWindowless* kept_site;
 
