@@ -55,14 +55,59 @@ void CopyBitmap(const BYTE* source, const GLYPHMETRICS& metrics, bool grey, DWOR
         (grey ? CopyGreyRow : CopyMonoRow)(source, dest, width);
 }
 
-void FillGlyph(HGE* hge, HTEXTURE tex, HDC dc, wchar_t c, unsigned format, DWORD size) {
-    std::vector<BYTE> bitmap(size);
-    GLYPHMETRICS metrics = {};
-    if (GetGlyphOutlineW(dc, c, format, &metrics, size, bitmap.data(), &kIdentity) != size) return;
+// GDI's picture of one character. Most fit into a buffer of the stack and need one call.
+class Outline {
+ public:
+    Outline(HDC dc, wchar_t c, unsigned format) : format_(format) {
+        size_ = GetGlyphOutlineW(dc, c, format, &metrics_, sizeof small_, small_, &kIdentity);
+        if (size_ == GDI_ERROR) Enlarge(dc, c);
+    }
+
+    const GLYPHMETRICS& metrics() const { return metrics_; }
+    // False for blanks and where GDI fails.
+    bool has_bitmap() const { return size_ != GDI_ERROR && size_ > 0; }
+    void CopyTo(DWORD* pixels, int pitch) const {
+        const BYTE* bitmap = large_.empty() ? small_ : large_.data();
+        CopyBitmap(bitmap, metrics_, format_ == GGO_GRAY8_BITMAP, pixels, pitch);
+    }
+
+ private:
+    void Enlarge(HDC dc, wchar_t c) {
+        size_ = GetGlyphOutlineW(dc, c, format_, &metrics_, 0, nullptr, &kIdentity);
+        if (!has_bitmap()) return;
+        large_.resize(size_);
+        if (GetGlyphOutlineW(dc, c, format_, &metrics_, size_, large_.data(), &kIdentity) != size_)
+            size_ = GDI_ERROR;
+    }
+
+    unsigned format_;
+    GLYPHMETRICS metrics_ = {};
+    DWORD size_;
+    BYTE small_[8192];
+    std::vector<BYTE> large_;
+};
+
+// Some frameworks make textures larger than they were asked for: a glyph is then a part of its texture.
+bool g_texturesArePadded = false;
+
+void FillGlyph(HGE* hge, HTEXTURE tex, const Outline& outline) {
     DWORD* pixels = hge->Texture_Lock(tex, false, 0, 0, 0, 0);
     if (!pixels) return;
-    CopyBitmap(bitmap.data(), metrics, format == GGO_GRAY8_BITMAP, pixels, hge->Texture_GetWidth(tex, false));
+    outline.CopyTo(pixels, hge->Texture_GetWidth(tex, false));
     hge->Texture_Unlock(tex);
+}
+
+// The quad shows its whole texture.
+void SetWhole(hgeQuad* quad) {
+    quad->v[0].tx = quad->v[3].tx = quad->v[0].ty = quad->v[1].ty = 0;
+    quad->v[1].tx = quad->v[2].tx = quad->v[2].ty = quad->v[3].ty = 1;
+}
+
+void Place(hgeQuad* quad, float x, float y, float width, float height) {
+    quad->v[0].x = quad->v[3].x = x;
+    quad->v[1].x = quad->v[2].x = x + width;
+    quad->v[0].y = quad->v[1].y = y;
+    quad->v[2].y = quad->v[3].y = y + height;
 }
 
 HDC CreateMemoryDC(HWND window) {
@@ -133,6 +178,9 @@ void GfxFont::Print(float x, float y, const char* format, ...) {
 
 void GfxFont::Render(float x, float y, const wchar_t* text) {
     if (!text || !m_sprite) return;
+    hgeQuad quad = m_sprite->GetQuad();
+    SetWhole(&quad);
+    const float half_cell = GetWidthFromCharacter(0, false);
     float pen_x = x, pen_y = y;
     for (const wchar_t* c = text; *c; ++c) {
         if (IsLineBreak(*c)) {
@@ -140,14 +188,23 @@ void GfxFont::Render(float x, float y, const wchar_t* text) {
             continue;
         }
         unsigned int index = GetGlyphByCharacter(*c);
-        if (index < font_count && m_glyphs[index].tex) {
-            const Glyph& glyph = m_glyphs[index];
-            m_sprite->SetTexture(glyph.tex);
-            m_sprite->SetTextureRect(0, 0, glyph.width, glyph.height, true);
-            m_sprite->Render(pen_x - glyph.offsetX, pen_y - glyph.offsetY);
-        }
-        pen_x += m_kerningWidth + GetWidthFromCharacter(*c, false);
+        if (index < font_count && m_glyphs[index].tex) DrawGlyph(m_glyphs[index], pen_x, pen_y, &quad);
+        pen_x += m_kerningWidth + (*c < kFirstFullWidth ? half_cell : m_fontSize);
     }
+}
+
+// quad comes with the font's colours and shows whole textures.
+void GfxFont::DrawGlyph(const Glyph& glyph, float pen_x, float pen_y, hgeQuad* quad) {
+    const float x = pen_x - glyph.offsetX, y = pen_y - glyph.offsetY;
+    if (g_texturesArePadded) {
+        m_sprite->SetTexture(glyph.tex);
+        m_sprite->SetTextureRect(0, 0, glyph.width, glyph.height, true);
+        m_sprite->Render(x, y);
+        return;
+    }
+    quad->tex = glyph.tex;
+    Place(quad, x, y, glyph.width, glyph.height);
+    m_hge->Gfx_RenderQuad(quad);
 }
 
 void GfxFont::StartLine(float left, float* x, float* y) const {
@@ -203,13 +260,18 @@ float GfxFont::GetWidthFromCharacter(wchar_t c, bool exact) {
 }
 
 void GfxFont::CacheCharacter(unsigned int index, wchar_t c) {
-    if (index >= font_count || m_glyphs[index].tex || !m_font) return;
-    GLYPHMETRICS metrics = {};
-    DWORD size = GetGlyphOutlineW(m_memDC, c, m_format, &metrics, 0, nullptr, &kIdentity);
-    HTEXTURE tex =
-        m_hge->Texture_Create(static_cast<int>(metrics.gmBlackBoxX), static_cast<int>(metrics.gmBlackBoxY));
+    if (index < font_count && !m_glyphs[index].tex && m_font) Rasterise(index, c);
+}
+
+void GfxFont::Rasterise(unsigned int index, wchar_t c) {
+    Outline outline(m_memDC, c, m_format);
+    const GLYPHMETRICS& metrics = outline.metrics();
+    const int width = static_cast<int>(metrics.gmBlackBoxX), height = static_cast<int>(metrics.gmBlackBoxY);
+    HTEXTURE tex = m_hge->Texture_Create(width, height);
     if (!tex) return;
-    if (size != GDI_ERROR && size > 0) FillGlyph(m_hge, tex, m_memDC, c, m_format, size);
+    g_texturesArePadded |=
+        m_hge->Texture_GetWidth(tex, false) != width || m_hge->Texture_GetHeight(tex, false) != height;
+    if (outline.has_bitmap()) FillGlyph(m_hge, tex, outline);
     m_glyphs[index] = {tex,
                        static_cast<float>(metrics.gmBlackBoxX),
                        static_cast<float>(metrics.gmBlackBoxY),
