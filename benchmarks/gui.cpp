@@ -80,6 +80,7 @@ Scene Controls(int count, bool buttons, bool hovered) {
     Scene scene;
     scene.items = count;
     scene.limit = 2;
+    scene.heap_free = true;
     scene.ours = [=](Meter& meter) {
         // From control to control, or past the last row.
         const int step = ++*round % 8;

@@ -33,15 +33,16 @@ MovieControl* LoadControl() {
     return get();
 }
 
-// memcpy of a frame, many times a round: one takes microseconds.
+// memcpy of a frame that has just been drawn, to memory that others have used since: many, as one is short.
 Work CopyFrames(Size size, int repeats) {
-    auto from = std::make_shared<std::vector<uint32_t>>(size.pixels(), 1);
-    auto to = std::make_shared<std::vector<uint32_t>>(size.pixels(), 2);
+    auto from = std::make_shared<std::vector<uint32_t>>(size.pixels());
+    auto to = std::make_shared<std::vector<uint32_t>>(4 * size.pixels());
     return [=](Meter& meter) {
-        meter([&] {
-            for (int i = 0; i < repeats; ++i)
-                std::memcpy(to->data(), from->data(), size.pixels() * 4);
-        });
+        for (int i = 0; i < repeats; ++i) {
+            std::memset(from->data(), i, size.pixels() * 4);
+            uint32_t* place = to->data() + static_cast<size_t>(i % 4) * size.pixels();
+            meter([&] { std::memcpy(place, from->data(), size.pixels() * 4); });
+        }
     };
 }
 

@@ -1,6 +1,7 @@
 #include "hgegui.h"
 
 #include <algorithm>
+#include <utility>
 #include <vector>
 
 hgeGUIObject::hgeGUIObject()
@@ -35,12 +36,17 @@ hgeGUIObject::~hgeGUIObject() {
 // it is not called, and nobody is called twice.
 class hgeGUI::Walk {
  public:
-    explicit Walk(hgeGUI* owner) : gui_(owner), outer_(owner->walks), at_(0) {
+    explicit Walk(hgeGUI* owner)
+        : gui_(owner), outer_(owner->walks), ctrls_(std::move(owner->spare)), at_(0) {
+        ctrls_.clear();
         for (hgeGUIObject* ctrl = owner->ctrls; ctrl; ctrl = ctrl->next)
             ctrls_.push_back(ctrl);
         owner->walks = this;
     }
-    ~Walk() { gui_->walks = outer_; }
+    ~Walk() {
+        gui_->walks = outer_;
+        gui_->spare = std::move(ctrls_);
+    }
     Walk(const Walk&) = delete;
     Walk& operator=(const Walk&) = delete;
 

@@ -1,5 +1,7 @@
 #pragma once
 
+#include <vector>
+
 #include "hge.h"
 #include "hgerect.h"
 #include "hgesprite.h"
@@ -126,9 +128,10 @@ class hgeGUI {
     hgeGUIObject* tail;
     hgeGUIObject* ctrlFocus;
     hgeGUIObject* ctrlOver;
-    hgeGUIObject* ctrlLock;   // gets the mouse alone while a button is held
-    hgeGUIObject* ctrlEvent;  // gets this frame's mouse events
-    Walk* walks;              // under way, innermost first
+    hgeGUIObject* ctrlLock;            // gets the mouse alone while a button is held
+    hgeGUIObject* ctrlEvent;           // gets this frame's mouse events
+    Walk* walks;                       // under way, innermost first
+    std::vector<hgeGUIObject*> spare;  // the room of the last walk, so that a frame allocates nothing
     Phase phase;
     int navmode;
     hgeSprite* sprCursor;

@@ -233,7 +233,8 @@ class OwningLabel : public CGameLable {
 };
 
 TEST_F(ScreenTest, TextThatWasSeenBeforeAllocatesNothing) {
-    auto font = std::make_unique<GfxFont>(kFace, 18, 0, 0, 1);
+    // So large that rasterising needs memory.
+    auto font = std::make_unique<GfxFont>(kFace, 200, 0, 0, 1);
     OwningLabel label;
     label.SetFont(kFace, 18, false, false, true);
     label.MoveWindow(0, 0, 300, 40, true);
