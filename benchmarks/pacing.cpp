@@ -22,7 +22,7 @@ Scene Presenting(int screens, double limit) {
         for (int i = 0; i < 4; ++i)
             quad.v[i] = {x[i], y[i], 0.5f, 0x20FFFFFF, 0, 0};
         quad.blend = BLEND_DEFAULT;
-        meter.Add(Stage::FrameTime(20, [&] {
+        meter.Add(Stage::FrameTime(10, [&] {
             Stage::Framework()->Gfx_Clear(0xFF000000);
             for (int i = 0; i < screens; ++i)
                 Stage::Framework()->Gfx_RenderQuad(&quad);
@@ -30,7 +30,7 @@ Scene Presenting(int screens, double limit) {
     };
     scene.bare = [screens](Meter& meter) {
         const std::vector<hge::DeviceVertex> vertices = Bare::WholeScreens(screens, 0x20FFFFFF);
-        meter.Add(Bare::Get().FrameTime(20, false, [&] {
+        meter.Add(Bare::Get().FrameTime(10, false, [&] {
             Bare::Get().Clear();
             Bare::Get().Submit(vertices, false);
         }));
@@ -73,7 +73,7 @@ double Waiting(int frames) {
 
 void AddPacingScenes(Suite& suite) {
     suite.Add("pacing/raster-bound frames",
-              [screens = suite.Size(2000) / 50 + 1] { return Presenting(screens, 0.8); });
+              [screens = suite.Size(1000) / 100 + 1] { return Presenting(screens, 0.8); });
     suite.Add("pacing/light frames", [] { return Presenting(1, 1.05); });
     const int frames = suite.Size(200) + 1;
     suite.AddValue("pacing/60 fps/frames off by 1.5 ms, %", 1, [frames] { return OffBeat(frames); });
