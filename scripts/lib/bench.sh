@@ -41,7 +41,7 @@ run_benchmarks() {
     bench_csv=${bench_csv:-$build/benchmarks.csv}
     start_screen
     export WINE_LINGER=0
-    say "[6/6] Benchmarks: about 5 min, each scene has its line when it is done"
+    say "[6/6] Benchmarks: each scene has its line when it is done"
     (cd "$build/bin" && exec "$root/scripts/wine-run" "$build/bin/benchmarks.exe" --csv "$(windows_path "$bench_csv")" \
         "${bench_arguments[@]}") 2>"$log" </dev/null &
     wait $! || status=$?
