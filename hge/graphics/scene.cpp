@@ -60,6 +60,7 @@ void Scene::Begin(const Surface& surface, uint32_t target) {
     open_ = true;
     SetTransform({});
     stream_.SetDepthBit(surface.depth ? BLEND_ZWRITE : 0);
+    stream_.textures().Fetch();
     clip_ = ClipBox(0, 0, 0, 0, surface.width, surface.height);
     pipeline_.SetSurface(device_, surface);
     pipeline_.SetClip(device_, clip_);

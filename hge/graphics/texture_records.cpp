@@ -1,6 +1,18 @@
 #include "graphics/texture_records.h"
 
+#include <xmmintrin.h>
+
+#include <algorithm>
+
 namespace hge {
+
+namespace {
+
+// As many as fit beside what else a frame touches.
+constexpr size_t kMostToFetch = 4096;
+constexpr size_t kPerCacheLine = 64 / sizeof(TextureRecord);
+
+}  // namespace
 
 void TextureRecords::Reserve(size_t slots) {
     size_t size = records_.size();
@@ -20,6 +32,11 @@ TextureRecord& TextureRecords::Start(uint32_t id) {
 void TextureRecords::Clear() {
     records_.assign(1, {});
     mask_ = 0;
+}
+
+void TextureRecords::Fetch() const {
+    for (size_t i = 0; i < std::min(records_.size(), kMostToFetch); i += kPerCacheLine)
+        _mm_prefetch(reinterpret_cast<const char*>(&records_[i]), _MM_HINT_T0);
 }
 
 }  // namespace hge

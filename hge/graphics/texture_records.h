@@ -9,7 +9,7 @@ namespace hge {
 struct TextureSource;
 
 // What a quad asks of its texture, and nothing else: the records of thousands of textures stay in the cache.
-struct TextureRecord {
+struct alignas(32) TextureRecord {
     Placement placement;
     uint32_t id = 0;
     const TextureSource* source = nullptr;  // null when quads cannot be drawn from it at once
@@ -28,6 +28,8 @@ class TextureRecords {
     // The record of its slot is now that of this id.
     TextureRecord& Start(uint32_t id);
     void Clear();
+    // Brings the records into the cache: far cheaper at once than one by one, as quads ask for them.
+    void Fetch() const;
 
  private:
     std::vector<TextureRecord> records_;  // as many as a power of two
