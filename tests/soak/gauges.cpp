@@ -4,11 +4,27 @@
 #include <psapi.h>
 #include <winternl.h>
 
+#include <algorithm>
 #include <vector>
 
 namespace soak {
 
 namespace {
+
+// Blocks in use, of all modules.
+long HeapKilobytes() {
+    HANDLE heaps[64];
+    DWORD count = std::min<DWORD>(GetProcessHeaps(std::size(heaps), heaps), std::size(heaps));
+    size_t bytes = 0;
+    for (DWORD i = 0; i < count; ++i) {
+        HeapLock(heaps[i]);
+        PROCESS_HEAP_ENTRY entry = {};
+        while (HeapWalk(heaps[i], &entry))
+            if (entry.wFlags & PROCESS_HEAP_ENTRY_BUSY) bytes += entry.cbData;
+        HeapUnlock(heaps[i]);
+    }
+    return static_cast<long>(bytes / 1024);
+}
 
 // Wine answers 0 to the questions for GDI objects, USER objects and handles; there they are counted one by
 // one.
@@ -82,13 +98,13 @@ Gauges ReadGauges() {
     GetProcessHandleCount(process, &handles);
     hgeCounters of;
     hgeGetCounters(&of);
-    Gauges gauges = {static_cast<long>(memory.PagefileUsage / 1024),
+    Gauges gauges = {static_cast<long>(memory.PagefileUsage / 1024), HeapKilobytes(),
                      CountOr(GetGuiResources(process, GR_GDIOBJECTS), CountGdiObjects),
                      CountOr(GetGuiResources(process, GR_USEROBJECTS), CountWindows),
                      CountOr(handles, CountHandles)};
     const DWORD counts[] = {of.textures,   of.targets, of.resource_blocks, of.packs,
                             of.references, of.effects, of.streams,         of.channels};
-    std::copy(std::begin(counts), std::end(counts), gauges.begin() + 4);
+    std::copy(std::begin(counts), std::end(counts), gauges.end() - std::size(counts));
     return gauges;
 }
 

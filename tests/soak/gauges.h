@@ -10,10 +10,11 @@ struct GaugeKind {
     const char* name;
     long slack;
 };
-constexpr GaugeKind kGauges[] = {{"memory KB", 4096}, {"gdi", 2},     {"user", 0},    {"handles", 4},
-                                 {"textures", 0},     {"targets", 0}, {"blocks", 0},  {"packs", 0},
-                                 {"references", 0},   {"effects", 0}, {"streams", 0}, {"channels", 0}};
-constexpr std::size_t kMemory = 0, kHandles = 3;
+constexpr GaugeKind kGauges[] = {{"memory KB", 8192}, {"heap KB", 256},  {"gdi", 2},     {"user", 0},
+                                 {"handles", 4},      {"textures", 0},   {"targets", 0}, {"blocks", 0},
+                                 {"packs", 0},        {"references", 0}, {"effects", 0}, {"streams", 0},
+                                 {"channels", 0}};
+constexpr std::size_t kMemory = 0, kHandles = 4;
 using Gauges = std::array<long, std::size(kGauges)>;
 
 // Of this process and its framework, now.

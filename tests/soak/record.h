@@ -21,7 +21,7 @@ class Record {
     bool Verdict(const char* log, bool warm);
 
  private:
-    bool IsFlat(size_t gauge) const;
+    bool IsFlat(size_t gauge, bool judged) const;
     bool LogIsAsExpected(const char* log);
 
     std::vector<Gauges> rests_;
