@@ -105,19 +105,20 @@ class Game : public I2DGameEngineSink {
         for (const auto& toys : toys_)
             toys->Draw();
     }
-    void Measure() {
+    static double Seconds() {
         LARGE_INTEGER now, second;
         QueryPerformanceCounter(&now);
         QueryPerformanceFrequency(&second);
-        double milliseconds =
-            1000.0 * static_cast<double>(now.QuadPart - last_) / static_cast<double>(second.QuadPart);
-        bool first = last_ == 0;
-        last_ = now.QuadPart;
-        if (first) return;
-        minutes_ += milliseconds / 60000;
-        record_.AddFrame(milliseconds, load_frames_ > 0);
+        return static_cast<double>(now.QuadPart) / static_cast<double>(second.QuadPart);
+    }
+    void Measure() {
+        double seconds = last_ ? Seconds() - last_ : 0;
+        minutes_ += seconds / 60;
+        record_.AddFrame(1000 * seconds, load_frames_ > 0);
         if (load_frames_ > 0) --load_frames_;
         record_.PrintLineWhenDue();
+        // Without what the line took.
+        last_ = Seconds();
     }
     // Without the focus no step comes.
     void ComeBack() {
@@ -136,8 +137,7 @@ class Game : public I2DGameEngineSink {
     int weights_ = 0;
     uint32_t step_ = 0, order_ = 2166136261u;
     int inactive_ = 0, load_frames_ = 2;
-    long long last_ = 0;
-    double minutes_ = 0;
+    double last_ = 0, minutes_ = 0;
     Record record_;
 };
 
