@@ -3,6 +3,7 @@
 #include <windows.h>
 
 #include <atomic>
+#include <csignal>
 #include <cstdio>
 
 namespace soak {
@@ -40,6 +41,8 @@ DWORD WINAPI LookForHang(void*) {
 
 void StartWatch() {
     SetUnhandledExceptionFilter(Crashed);
+    // Of every module: they share one run-time library.
+    std::signal(SIGABRT, [](int) { Tell("abort"); });
     CloseHandle(CreateThread(nullptr, 0, LookForHang, nullptr, 0, nullptr));
 }
 
