@@ -102,7 +102,9 @@ class WaveReader final : public SoundReader {
     size_t next_ = 0;
 };
 
-std::unique_ptr<SoundReader> OpenPlain(SoundBytes bytes, const WaveFile& wave, std::string* reason) {
+std::unique_ptr<SoundReader> OpenPlain(SoundBytes bytes, WaveFile wave, std::string* reason) {
+    // Samples of odd widths fill whole bytes from the top.
+    if (wave.coding == kWavePcm) wave.bits = static_cast<uint16_t>((wave.bits + 7) / 8 * 8);
     SampleDecoder decode = DecoderFor(wave);
     if (!decode || wave.block_align != wave.channels * wave.bits / 8) {
         *reason = std::to_string(wave.bits) + "-bit samples in blocks of " +

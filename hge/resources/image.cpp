@@ -5,6 +5,7 @@
 
 #include "core/whole_file.h"
 #include "resources/bmp.h"
+#include "resources/codec_guard.h"
 #include "resources/dds.h"
 #include "resources/pixels.h"
 #include "resources/tga.h"
@@ -27,7 +28,9 @@ bool IsForWic(const uint8_t* bytes, size_t size) {
 bool DecodeAny(const uint8_t* bytes, size_t size, Image* image, std::string* reason) {
     if (StartsWith(bytes, size, "DDS ")) return DecodeDds(bytes, size, image, reason);
     if (IsForWic(bytes, size)) {
-        if (!DecodeWithWic(bytes, size, image, reason)) return false;
+        const char* objection = CodecObjection(bytes, size);
+        if (objection) *reason = objection;
+        if (objection || !DecodeWithWic(bytes, size, image, reason)) return false;
         if (StartsWith(bytes, size, "BM")) ApplyBmpAlpha(bytes, size, image);
         return true;
     }

@@ -16,8 +16,8 @@ constexpr size_t kEndSize = 22;
 constexpr size_t kLocatorSize = 20;
 constexpr size_t kEntrySize = 46;
 constexpr size_t kLongestComment = 0xFFFF;
-// Far above what real packs need; keeps a forged directory from taking all memory.
-constexpr uint32_t kLargestDirectory = 64u << 20;
+// 256 bytes for each of the 65535 files that there can be: keeps a forged directory from taking all memory.
+constexpr uint32_t kLargestDirectory = 16u << 20;
 constexpr uint16_t kUtf8Flag = 1 << 11;
 constexpr uint16_t kUnicodePathField = 0x7075;
 
@@ -138,7 +138,7 @@ bool ReadZipDirectory(ByteSource& source, ZipDirectory* directory, std::string* 
     End end{};
     if (!FindEnd(source, &end, reason)) return false;
     if (end.directory_size > kLargestDirectory) {
-        *reason = "its directory is too large";
+        *reason = "its directory is larger than 16 MB";
         return false;
     }
     std::vector<uint8_t> bytes(end.directory_size);

@@ -54,9 +54,28 @@ TEST(ImageTest, BadInputGivesAReason) {
         std::vector<uint8_t> bytes(signature, signature + strlen(signature));
         bytes.resize(200);
         EXPECT_TRUE(Decode(bytes, &reason).pixels.empty()) << signature;
-        EXPECT_THAT(reason, testing::AnyOf(StartsWith("damaged or of an unknown kind: "),
+        EXPECT_THAT(reason, testing::AnyOf(StartsWith("damaged"), "its width or height is not supported",
                                            "its DDS pixel format is not supported"));
     }
+}
+
+TEST(ImageTest, WhatCannotBeIsRefusedBeforeTheCodecsTakeIt) {
+    std::string reason;
+    std::vector<uint8_t> gif = ReadBytes(test_data::Folder() + "pictures\\holes.gif");
+    gif[10] &= 0x7F;
+    gif.erase(gif.begin() + 13, gif.begin() + 13 + (6 << (gif[10] & 7)));
+    Decode(gif, &reason);
+    EXPECT_EQ(reason, "damaged: it has no colours");
+    std::vector<uint8_t> png = ReadBytes(test_data::Folder() + "pictures\\palette.png");
+    png[18] = png[22] = 16;
+    Decode(png, &reason);
+    EXPECT_EQ(reason, "cut off: it is too short for its width and height");
+    std::vector<uint8_t> jpeg = ReadBytes(test_data::Folder() + "pictures\\flat.jpg");
+    const uint8_t frame[] = {0xFF, 0xC0};
+    auto size = std::search(jpeg.begin(), jpeg.end(), std::begin(frame), std::end(frame)) + 5;
+    size[0] = 255;
+    Decode(jpeg, &reason);
+    EXPECT_EQ(reason, "its width or height is not supported");
 }
 
 // Decoders of the system may show the part of a cut picture that is there.

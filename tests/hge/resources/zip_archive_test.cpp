@@ -3,6 +3,10 @@
 #include <gmock/gmock.h>
 #include <zlib.h>
 
+#include <iostream>
+#include <random>
+
+#include "hge/resources/largest_request.h"
 #include "hge/resources/test_data.h"
 #include "resources/ansi_code_page.h"
 
@@ -153,6 +157,52 @@ TEST(ZipArchiveTest, DamagedBytesNeverGiveWrongContents) {
             refused += text != "from the pack";
         }
         EXPECT_GT(refused, 20) << pack;
+    }
+}
+
+void Damage(Bytes& bytes, std::mt19937& random) {
+    size_t end = bytes.size(), from = random() % end, length = std::min<size_t>(random() % 64, end - from);
+    auto at = bytes.begin() + static_cast<ptrdiff_t>(from), until = at + static_cast<ptrdiff_t>(length);
+    switch (random() % 4) {
+        case 0:
+            bytes.erase(at, until);
+            break;
+        case 1:
+            std::copy_backward(bytes.begin(), bytes.begin() + static_cast<ptrdiff_t>(length), until);
+            break;
+        default:
+            // Mostly in the directory, where the harm is.
+            for (int count = 4; count > 0; --count)
+                bytes[random() % 2 ? from : end - 1 - random() % std::min<size_t>(end, 400)] =
+                    static_cast<uint8_t>(random());
+    }
+}
+
+TEST(ZipArchiveTest, RandomDamageGivesRightFilesOrReasons) {
+    unsigned seed = std::random_device{}();
+    std::cout << "seed " << seed << std::endl;
+    SCOPED_TRACE(seed);
+    std::mt19937 random(seed);
+    const std::string long_text = LongText();
+    const Bytes packs[] = {ReadBytes(Pack("plain.zip")), ReadBytes(Pack("secret.zip"))};
+    for (int round = 0; round < 1000; ++round) {
+        Bytes bytes = packs[round % 2];
+        size_t most = bytes.size() * 1032;
+        Damage(bytes, random);
+        largest_request = 0;
+        std::string reason;
+        auto archive = Open(bytes, &reason);
+        ASSERT_TRUE(archive || !reason.empty()) << round;
+        for (size_t i = 0; archive && i < archive->entries().size(); ++i) {
+            Block block = archive->Read(archive->entries()[i], "geheim", &reason);
+            ASSERT_TRUE(block.bytes ? block.size <= most : !reason.empty()) << round;
+            std::string text(reinterpret_cast<char*>(block.bytes.get()), block.size);
+            if (!block.bytes) continue;
+            ASSERT_THAT(text, AnyOf("from the pack", "deep", "spaced", "", long_text)) << round;
+        }
+        // The archive, its end, its directory or a chunk: none is larger than the file but for what is
+        // unpacked.
+        ASSERT_LE(largest_request, 1u << 17) << round;
     }
 }
 
