@@ -4,7 +4,7 @@ set -euo pipefail
 assets=$(dirname "$(readlink -f "${BASH_SOURCE[0]}")")/../hge
 mkdir -p "$1"
 cd "$1"
-mkdir -p pack tga dds bmp wave mp3 ogg vorbis ini effect names text files/Deep
+mkdir -p codec pack tga dds bmp wave mp3 ogg vorbis ini effect names text files/Deep
 
 # Pictures of 9 x 6 pixels.
 picture=(-size 9x6 -depth 8 gradient:red-blue -alpha set -channel A -evaluate multiply 0.5 +channel)
@@ -20,6 +20,10 @@ done
 convert "${picture[@]}" bmp/alpha.bmp
 convert "${picture[@]}" BMP3:bmp/plain.bmp
 convert "${flat[@]}" -alpha off -type Palette BMP3:bmp/palette.bmp
+
+convert "${flat[@]}" codec/plain.png
+convert "${flat[@]}" -quality 5 codec/plain.jpg
+convert "${picture[@]}" -resize 2x1 -colors 4 codec/plain.gif
 
 # Sounds of a few frames.
 tone=(synth 16s sine 441)
