@@ -69,6 +69,8 @@ std::optional<Format> FromMasks(const uint8_t* p, uint32_t flags) {
     format.b = Get32(p + 100);
     format.a = flags & (kAlphaPixels | kAlphaOnly) ? Get32(p + 104) : 0;
     format.is_grey = flags & kLuminance;
+    // Some writers put the mask of a single grey byte where a larger pixel would have it.
+    if (format.is_grey && format.bits == 8) format.r = 0xFF;
     if (format.bits < 8 || format.bits > 32 || format.bits % 8) return std::nullopt;
     return format;
 }
