@@ -48,6 +48,10 @@ TextureSource Device::MakeTexture(int width, int height, int slices, Use use) co
     desc.SampleDesc.Count = 1;
     desc.BindFlags = D3D11_BIND_SHADER_RESOURCE;
     if (use == Use::kTarget) desc.BindFlags |= D3D11_BIND_RENDER_TARGET;
+    if (use == Use::kStream) {
+        desc.Usage = D3D11_USAGE_DYNAMIC;
+        desc.CPUAccessFlags = D3D11_CPU_ACCESS_WRITE;
+    }
 
     D3D11_SHADER_RESOURCE_VIEW_DESC view{};
     view.Format = desc.Format;
@@ -58,6 +62,7 @@ TextureSource Device::MakeTexture(int width, int height, int slices, Use use) co
     TextureSource source;
     source.mipmaps = use == Use::kSampleMipmaps;
     source.premultiplied = use == Use::kTarget;
+    source.streamed = use == Use::kStream;
     if (FAILED(device_->CreateTexture2D(&desc, nullptr, source.texture.Put())) ||
         FAILED(device_->CreateShaderResourceView(source.texture.Get(), &view, source.view.Put())))
         return {};

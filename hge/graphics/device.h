@@ -17,6 +17,7 @@ struct TextureSource {
     bool mipmaps = false;
     bool wrap = false;           // coordinates repeat; else they are clamped
     bool premultiplied = false;  // what was drawn into a target is
+    bool streamed = false;       // takes whole pictures through a mapping
 
     explicit operator bool() const { return static_cast<bool>(view); }
 };
@@ -41,7 +42,7 @@ class Device {
     ID3D11DeviceContext* context() const { return context_.Get(); }
     int max_texture_size() const { return max_texture_size_; }
 
-    enum class Use { kSample, kSampleMipmaps, kTarget };
+    enum class Use { kSample, kSampleMipmaps, kStream, kTarget };
     // Empty when the device refuses.
     TextureSource MakeTexture(int width, int height, int slices, Use use) const;
     // A surface on a texture of the same size; its views are null when the device refuses.

@@ -1,6 +1,7 @@
 #include "graphics/texture_store.h"
 
 #include <algorithm>
+#include <cstring>
 #include <vector>
 
 namespace hge {
@@ -10,7 +11,13 @@ namespace {
 constexpr int kPageSize = 1024;
 constexpr int kMaxPages = 64;
 constexpr int kLargestInAtlas = 256;
-constexpr int kConstantly = 8;  // frames in a row
+// A movie's pictures, also of one that has fewer a second than the game.
+constexpr int kOften = 8;
+constexpr uint32_t kFramesBetween = 30;
+
+int64_t Area(const Box& box) {
+    return int64_t{box.width()} * box.height();
+}
 
 }  // namespace
 
@@ -205,13 +212,24 @@ bool TextureStore::Repeat(Texture& texture) {
     return texture.own.wrap = true;
 }
 
-bool TextureStore::RewrittenConstantly(Texture& texture) {
+bool TextureStore::RewrittenOften(Texture& texture) {
     if (texture.upload_frame != frame_) {
-        bool in_a_row = texture.upload_frame + 1 == frame_;
-        texture.frames_rewritten = in_a_row ? texture.frames_rewritten + 1 : 0;
+        bool soon = frame_ - texture.upload_frame <= kFramesBetween;
+        texture.frames_rewritten = soon ? texture.frames_rewritten + 1 : 0;
         texture.upload_frame = frame_;
     }
-    return texture.frames_rewritten >= kConstantly;
+    return texture.frames_rewritten >= kOften;
+}
+
+// Handing over a part waits for the device; a whole picture in memory that is thrown away each time does not.
+void TextureStore::StreamIfOften(Texture& texture) {
+    if (texture.own.streamed || texture.mipmaps || !RewrittenOften(texture)) return;
+    if (!texture.in_atlas && Area(texture.dirty) * 4 < Area(texture.whole())) return;
+    TextureSource streamed = device_.MakeTexture(texture.width, texture.height, 1, Device::Use::kStream);
+    if (!streamed) return;
+    streamed.wrap = texture.own.wrap;
+    texture.own = std::move(streamed);
+    LeaveAtlas(texture);
 }
 
 void TextureStore::FlushIfPending(const Texture& texture) {
@@ -229,15 +247,25 @@ const TextureSource* TextureStore::Prepare(Texture& texture, bool tiled) {
 
 void TextureStore::Upload(Texture& texture) {
     FlushIfPending(texture);
-    if (texture.in_atlas && RewrittenConstantly(texture) && StandAlone(texture)) {
-        LeaveAtlas(texture);
-        texture.dirty = texture.whole();
-    }
+    StreamIfOften(texture);
     if (texture.in_atlas)
         UploadToAtlas(texture);
+    else if (texture.own.streamed)
+        Stream(texture);
     else
         UploadAlone(texture);
     texture.dirty = {};
+}
+
+void TextureStore::Stream(const Texture& texture) {
+    D3D11_MAPPED_SUBRESOURCE mapped{};
+    ID3D11Texture2D* memory = texture.own.texture.Get();
+    if (FAILED(device_.context()->Map(memory, 0, D3D11_MAP_WRITE_DISCARD, 0, &mapped))) return;
+    auto row = static_cast<char*>(mapped.pData);
+    for (int y = 0; y < texture.height; ++y, row += mapped.RowPitch)
+        std::memcpy(row, texture.shadow.Pixel(0, y), static_cast<size_t>(texture.width) * 4);
+    device_.context()->Unmap(memory, 0);
+    CountUpload(texture.whole());
 }
 
 void TextureStore::UploadToAtlas(const Texture& texture) {

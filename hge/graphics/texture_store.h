@@ -21,7 +21,7 @@ struct Texture {
     bool mipmaps = false;
     PixelShadow shadow;
     uint32_t upload_frame = 0;
-    int frames_rewritten = 0;  // in a row
+    int frames_rewritten = 0;  // shortly one after the other
 
     Box whole() const { return {0, 0, width, height}; }
 };
@@ -71,11 +71,13 @@ class TextureStore {
     bool GrowPages(int pages);
     bool StandAlone(Texture& texture);
     bool Repeat(Texture& texture);
-    bool RewrittenConstantly(Texture& texture);
+    bool RewrittenOften(Texture& texture);
+    void StreamIfOften(Texture& texture);
     void FlushIfPending(const Texture& texture);
     void Upload(Texture& texture);
     void UploadToAtlas(const Texture& texture);
     void UploadAlone(const Texture& texture);
+    void Stream(const Texture& texture);
     void SendLevel(const Texture& texture, UINT level, const PixelShadow& pixels, const Box& box);
     void CountUpload(const Box& box);
 
@@ -89,7 +91,7 @@ class TextureStore {
     TextureSource pages_;
     int slices_ = 0;
     AtlasUpload staging_;
-    uint32_t frame_ = 2;  // so that a texture never sent was not sent in the frame before
+    uint32_t frame_ = 100;  // so that a texture never sent was not sent shortly before
     DWORD uploads_ = 0;
     DWORD upload_bytes_ = 0;
 };

@@ -210,15 +210,26 @@ TEST_F(TexturesTest, ThePagesGrowAndComeBackWithWhatIsOnThem) {
     EXPECT_TRUE(SamePicture("pages_restored", Screen(draw), expected));
 }
 
-TEST_F(TexturesTest, OnesRewrittenEveryFrameLeaveTheAtlasForGood) {
-    HTEXTURE movie = MakePlain(64, 64, kBlue);
-    for (int frame = 0; frame < 12; ++frame) {
-        Write(movie, 0, 0, 64, 64, kRed + static_cast<uint32_t>(frame));
-        hge::Image screen = Screen([&] { DrawQuad(0, 0, 64, 64, movie); });
-        EXPECT_EQ(At(screen, 30, 30), kRed + static_cast<uint32_t>(frame));
-        bool alone = Work().upload_bytes == 64 * 64 * 4;
-        EXPECT_EQ(alone, frame >= 8) << "frame " << frame;
-        gfx().Present();
+TEST_F(TexturesTest, OnesRewrittenOftenLeaveTheAtlasAndAreSentWhole) {
+    for (int size : {64, 300}) {
+        HTEXTURE movie = MakePlain(size, size, kBlue);
+        auto draw = [&] { DrawQuad(0, 0, 240, 240, movie); };
+        auto next_frame = [&](int rewritten, uint32_t color) {
+            Write(movie, 0, 0, rewritten, rewritten, color);
+            hge::Image screen = Screen(draw);
+            gfx().Present();
+            return At(screen, 2, 2);
+        };
+        Screen(draw);
+        Work();
+        for (uint32_t frame = 0; frame < 12; ++frame) {
+            EXPECT_EQ(next_frame(size, kRed + frame), kRed + frame);
+            bool alone = Work().upload_bytes == static_cast<DWORD>(size * size * 4);
+            EXPECT_EQ(alone, frame >= 8 || size == 300) << "frame " << frame;
+        }
+        EXPECT_EQ(next_frame(10, kBlue), kBlue);
+        EXPECT_EQ(Work().upload_bytes, static_cast<DWORD>(size * size * 4));
+        EXPECT_EQ(At(Screen(draw), 200, 200), kRed + 11) << "what was not rewritten stays";
     }
 }
 
