@@ -100,7 +100,8 @@ HTEXTURE CGameResourceManager::GetImage(const char* name) {
 }
 
 HTEXTURE CGameResourceManager::create_tex(std::string file) {
-    if (HTEXTURE tex = find_tex(file)) return tex;
+    auto found = m_texMap.find(file);
+    if (found != m_texMap.end() && found->second) return found->second;
     // This reference is kept for the life of the process, like the cache that needs it.
     if (!m_hge) m_hge = hgeCreate(HGE_VERSION);
     return m_texMap[file] = m_hge->Texture_Load(file.c_str(), 0, false);

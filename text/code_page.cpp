@@ -2,6 +2,7 @@
 
 #include <windows.h>
 
+#include <algorithm>
 #include <cstring>
 
 #include "text/whole_characters.h"
@@ -27,7 +28,14 @@ void CopyText(unsigned int code_page, char* dest, size_t size, const char* text)
 }
 
 void ToWide(unsigned int code_page, const char* text, wchar_t* dest, int size) {
-    if (MultiByteToWideChar(code_page, 0, text, -1, dest, size) == 0) dest[0] = 0;
+    // ASCII is the same in every ANSI code page, and labels convert their texts in every frame.
+    int ascii = 0;
+    while (ascii < size && text[ascii] > 0)
+        ++ascii;
+    if (ascii < size && text[ascii] == 0)
+        std::copy_n(text, ascii + 1, dest);
+    else if (MultiByteToWideChar(code_page, 0, text, -1, dest, size) == 0)
+        dest[0] = 0;
 }
 
 std::wstring ToWide(unsigned int code_page, const char* text) {
