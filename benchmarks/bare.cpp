@@ -79,6 +79,11 @@ std::vector<DeviceVertex> Bare::WholeScreens(int count, uint32_t color) {
 Bare::Bare() {
     hge::Log log;
     Require(device_.Create(log), log.LastErrorText());
+    window_.reset(CreateWindowExA(WS_EX_NOACTIVATE, "STATIC", "bare", WS_POPUP, 0, 0, kScreenWidth,
+                                  kScreenHeight, nullptr, nullptr, nullptr, nullptr));
+    Require(window_ != nullptr, "no window for the bare device");
+    SetWindowPos(window_.get(), HWND_BOTTOM, 0, 0, 0, 0,
+                 SWP_NOMOVE | SWP_NOSIZE | SWP_NOACTIVATE | SWP_SHOWWINDOW);
     ComPtr<IDXGIDevice> dxgi;
     ComPtr<IDXGIAdapter> adapter;
     ComPtr<IDXGIFactory> factory;
@@ -89,7 +94,7 @@ Bare::Bare() {
     desc.BufferDesc = {kScreenWidth, kScreenHeight, {}, DXGI_FORMAT_B8G8R8A8_UNORM, {}, {}};
     desc.SampleDesc.Count = desc.BufferCount = 1;
     desc.BufferUsage = DXGI_USAGE_RENDER_TARGET_OUTPUT;
-    desc.OutputWindow = Stage::Framework()->System_GetState(HGE_HWND);
+    desc.OutputWindow = window_.get();
     desc.Windowed = TRUE;
     desc.SwapEffect = DXGI_SWAP_EFFECT_SEQUENTIAL;
     Check(factory->CreateSwapChain(device_.Get(), &desc, chain_.Put()), "swap chain");

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <functional>
+#include <memory>
 #include <vector>
 
 #include "graphics/device.h"
@@ -8,7 +9,7 @@
 
 namespace bench {
 
-// What Direct3D alone takes for the same picture: a device of its own that shows in the same window.
+// What Direct3D alone takes for the same picture: a device of its own with a window below the framework's.
 class Bare {
  public:
     // The one of the program, made at its first use.
@@ -39,6 +40,12 @@ class Bare {
     void SetSource(hge::TextureSource* first, hge::TextureSource* second, ID3D11PixelShader* shader);
     void DrawRing(const hge::DeviceVertex* vertices, size_t quads);
 
+    struct CloseWindow {
+        void operator()(HWND window) const { DestroyWindow(window); }
+    };
+
+    // Its own: two devices that present into one window get into each other's way.
+    std::unique_ptr<HWND__, CloseWindow> window_;
     hge::Device device_;
     hge::ComPtr<IDXGISwapChain> chain_;
     hge::Surface screen_, picture_surfaces_[2];

@@ -18,20 +18,24 @@ struct Quads {
             const float x = static_cast<float>(dice.Roll(kScreenWidth - 8));
             const float y = static_cast<float>(dice.Roll(kScreenHeight - 8));
             const int blend = mixed ? dice.Roll(4) : BLEND_DEFAULT;
-            Append(x, y, images[static_cast<size_t>(dice.Roll(textures))], blend);
+            Append(x, y, dice.Roll(textures), blend);
         }
     }
 
-    void Append(float x, float y, HTEXTURE texture, int blend) {
-        const float u = x / 1024, v = y / 1024, step = 8.0f / 1024;
+    void Append(float x, float y, int image, int blend) {
         hgeQuad quad = {};
+        quad.tex = images[static_cast<size_t>(image)];
+        // The bare page is read over as many texels, as far apart: that is what drawing them costs.
+        auto texels = [](int count) { return static_cast<float>(count) / 1024; };
+        const float u = texels(image % 32 * 32), v = texels(image / 32 % 40 * 25);
+        const float width = texels(Stage::Framework()->Texture_GetWidth(quad.tex));
+        const float height = texels(Stage::Framework()->Texture_GetHeight(quad.tex));
         const float right[] = {0, 1, 1, 0}, down[] = {0, 0, 1, 1};
         for (int i = 0; i < 4; ++i) {
             quad.v[i] = {x + 8 * right[i], y + 8 * down[i], 0.5f, 0x80FFFFFF, right[i], down[i]};
-            vertices.push_back({quad.v[i].x, quad.v[i].y, 0.5f, 0x80FFFFFF, u + step * right[i],
-                                v + step * down[i], blend & BLEND_ALPHABLEND ? 255u << 8 : 0});
+            vertices.push_back({quad.v[i].x, quad.v[i].y, 0.5f, 0x80FFFFFF, u + width * right[i],
+                                v + height * down[i], blend & BLEND_ALPHABLEND ? 255u << 8 : 0});
         }
-        quad.tex = texture;
         quad.blend = blend;
         quads.push_back(quad);
     }
