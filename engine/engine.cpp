@@ -4,6 +4,8 @@
 
 #include "drill2d/flash.h"
 #include "drill2d/resources.h"
+#include "engine/live_objects.h"
+#include "engine/safely.h"
 #include "hgegui.h"
 
 namespace {
@@ -11,12 +13,15 @@ namespace {
 // Ids are never used twice in a process: a host may keep one longer than its control lives.
 int g_nNextCtrlId = 1;
 
+// The framework's loop runs: InitHge is on the stack.
+bool g_bInLoop = false;
+
 }  // namespace
 
 I2DGameEngine* C2DGameEngine::m_instance = nullptr;
 
 I2DGameEngine* C2DGameEngine::Get2DGameEngineInstance() {
-    if (!m_instance) m_instance = new C2DGameEngine;
+    if (!m_instance) m_instance = new (std::nothrow) C2DGameEngine;
     return m_instance;
 }
 
@@ -47,27 +52,45 @@ C2DGameEngine::~C2DGameEngine() {
     if (!m_pGui) return;
     delete m_pCursor;
     delete m_pGui;
+    Safely("~C2DGameEngine",
+           [&] { m_pHge->System_Log("shutdown: still alive in the kit: %s", live::Text().c_str()); });
     m_pHge->System_Shutdown();
     m_pHge->Release();
 }
 
 bool C2DGameEngine::InitHge(int width, int height, const char* title, bool zbuffer) {
+    if (g_bInLoop) {
+        m_pHge->System_Log("InitHge: the engine runs already");
+        return false;
+    }
     m_pHge = hgeCreate(HGE_VERSION);
     if (!m_pHge || !StartFramework(width, height, title, zbuffer)) return false;
 
-    m_pGui = new hgeGUI;
+    m_pGui = new (std::nothrow) hgeGUI;
+    if (!m_pGui) {
+        ReportTrouble("InitHge");
+        StopFramework();
+        return false;
+    }
     m_pGui->SetNavMode(HGEGUI_NONAVKEYS);
     m_pGui->SetFocus(1);
     m_pGui->Enter();
     FlashManager::CreatFlashManager(m_pHge);
 
+    g_bInLoop = true;
     if (m_pSink) {
         m_pSink->OnInit();
         m_dwStartTick = m_dwPlayStartTick;
         stop_game_time();
     }
     m_pHge->System_Start();
+    g_bInLoop = false;
     return true;
+}
+
+void C2DGameEngine::StopFramework() {
+    m_pHge->System_Shutdown();
+    m_pHge->Release();
 }
 
 bool C2DGameEngine::StartFramework(int width, int height, const char* title, bool zbuffer) {
@@ -87,8 +110,7 @@ bool C2DGameEngine::StartFramework(int width, int height, const char* title, boo
     if (title) m_pHge->System_SetState(HGE_TITLE, title);
     m_pHge->System_SetState(HGE_LOGFILE, "game.log");
     if (m_pHge->System_Initiate()) return true;
-    m_pHge->System_Shutdown();
-    m_pHge->Release();
+    StopFramework();
     return false;
 }
 
@@ -119,7 +141,10 @@ bool C2DGameEngine::SetCursor(const char* file, CGameResourceManager* res) {
     m_pGui->SetCursor(nullptr);
     delete m_pCursor;
     m_pCursor = new (std::nothrow) CGameSprite;
-    if (!m_pCursor) return false;
+    if (!m_pCursor) {
+        ReportTrouble("SetCursor");
+        return false;
+    }
     // An image that does not load leaves an empty cursor; the framework's log names it.
     m_pCursor->LoadImageA(file, res, true);
     m_pGui->SetCursor(m_pCursor->GetSprite());

@@ -1,6 +1,10 @@
+#include <exception>
+#include <utility>
+
 #include "drill2d/engine.h"
 #include "drill2d/flash.h"
 #include "drill2d/resources.h"
+#include "engine/safely.h"
 #include "hgegui.h"
 
 namespace {
@@ -38,7 +42,13 @@ bool IsOverFocusedControl(hgeGUI* gui, float x, float y) {
     return focused && focused->rect.TestPoint(x, y);
 }
 
-void RouteMouse(HGE* hge, hgeGUI* gui, I2DGameEngineSink* sink, int id) {
+// Asked for anew at each call: the one before may have set another sink and ended its own.
+template <class... Args>
+void Call(I2DGameEngine* engine, void (I2DGameEngineSink::*callback)(Args...), Args... args) {
+    if (I2DGameEngineSink* sink = engine->GetEngineSink()) (sink->*callback)(args...);
+}
+
+void RouteMouse(I2DGameEngine* engine, HGE* hge, hgeGUI* gui, int id) {
     float x = 0, y = 0;
     hge->Input_GetMousePos(&x, &y);
     if (IsOverFocusedControl(gui, x, y)) return;
@@ -52,27 +62,25 @@ void RouteMouse(HGE* hge, hgeGUI* gui, I2DGameEngineSink* sink, int id) {
     hge->Input_GetKeyState(HGEK_RBUTTON);
     if (id != 0) return;
 
-    if (sink) {
-        if (left_down) sink->OnLButtonDown(x, y);
-        if (left_up) sink->OnLButtonUp(x, y);
-        if (right_down) sink->OnRButtonDown(x, y);
-        if (right_up) sink->OnRButtonUp(x, y);
-    }
+    if (left_down) Call(engine, &I2DGameEngineSink::OnLButtonDown, x, y);
+    if (left_up) Call(engine, &I2DGameEngineSink::OnLButtonUp, x, y);
+    if (right_down) Call(engine, &I2DGameEngineSink::OnRButtonDown, x, y);
+    if (right_up) Call(engine, &I2DGameEngineSink::OnRButtonUp, x, y);
     float width = static_cast<float>(hge->System_GetState(HGE_SCREENWIDTH));
     float height = static_cast<float>(hge->System_GetState(HGE_SCREENHEIGHT));
-    if (hgeRect(0, 0, width, height).TestPoint(x, y) && sink) sink->OnMouseMove(x, y);
+    if (hgeRect(0, 0, width, height).TestPoint(x, y)) Call(engine, &I2DGameEngineSink::OnMouseMove, x, y);
 }
 
-void RenderPlainly(HGE* hge, hgeGUI* gui, I2DGameEngineSink* sink) {
+void RenderPlainly(I2DGameEngine* engine, HGE* hge, hgeGUI* gui) {
     hge->Gfx_BeginScene(0);
     hge->Gfx_Clear(0);
-    if (sink) sink->OnRender();
+    Call(engine, &I2DGameEngineSink::OnRender);
     FlashManager::Render();
     gui->Render();
     hge->Gfx_EndScene();
 }
 
-void RenderThroughEffect(I2DGameEngine* engine, HGE* hge, hgeGUI* gui, I2DGameEngineSink* sink) {
+void RenderThroughEffect(I2DGameEngine* engine, HGE* hge, hgeGUI* gui) {
     // Taken before the sink runs: it may set up the effect anew.
     HTARGET target = engine->GetTaget();
     HTARGET target1 = engine->GetTaget1();
@@ -80,54 +88,60 @@ void RenderThroughEffect(I2DGameEngine* engine, HGE* hge, hgeGUI* gui, I2DGameEn
 
     hge->Gfx_BeginScene(target);
     hge->Gfx_Clear(0);
-    if (sink) sink->OnRenderTarget();
+    Call(engine, &I2DGameEngineSink::OnRenderTarget);
     FlashManager::Render();
     gui->Render();
     hge->Gfx_EndScene();
 
     hge->Gfx_BeginScene(target1);
     hge->Gfx_Clear(0);
-    if (sink) sink->OnRenderTarget1();
+    Call(engine, &I2DGameEngineSink::OnRenderTarget1);
     hge->Gfx_EndScene();
 
     hge->Gfx_BeginScene(0);
     hge->Gfx_Clear(0);
-    if (sink) sink->OnRender();
+    Call(engine, &I2DGameEngineSink::OnRender);
     if (back && back->GetSprite()) back->GetSprite()->Render(0, 0);
     hge->Gfx_EndScene();
+}
+
+void UpdateFrame(I2DGameEngine* engine, HGE* hge, hgeGUI* gui) {
+    FreeFinishedSounds(engine, hge);
+    if (GetActiveWindow() != hge->System_GetState(HGE_HWND)) return;
+
+    float dt = hge->Timer_GetDelta();
+    int id = gui->Update(dt);
+    bool ended = engine->PlayGameOpr();
+    if (!ended) Call(engine, &I2DGameEngineSink::OnFrame, dt, id);
+    CycleGui(gui, id);
+    if (!ended) RouteMouse(engine, hge, gui, id);
+}
+
+// A frame that runs out of memory goes no further; the next one begins anew. One line for all of them.
+template <class Frame>
+void Run(Frame frame) noexcept {
+    static bool reported = false;
+    I2DGameEngine* engine = C2DGameEngine::Get2DGameEngineInstance();
+    HGE* hge = engine ? engine->GetHge() : nullptr;
+    hgeGUI* gui = hge ? engine->GetGui() : nullptr;
+    if (!gui) return;
+    try {
+        frame(engine, hge, gui);
+    } catch (const std::exception& problem) {
+        if (!std::exchange(reported, true)) ReportTrouble("a frame", &problem);
+    }
 }
 
 }  // namespace
 
 bool C2DGameEngine::FrameFuc() {
-    I2DGameEngine* engine = Get2DGameEngineInstance();
-    HGE* hge = engine->GetHge();
-    hgeGUI* gui = engine->GetGui();
-    I2DGameEngineSink* sink = engine->GetEngineSink();
-    if (!hge || !gui) return false;
-
-    FreeFinishedSounds(engine, hge);
-    if (GetActiveWindow() != hge->System_GetState(HGE_HWND)) return false;
-
-    float dt = hge->Timer_GetDelta();
-    int id = gui->Update(dt);
-    bool ended = engine->PlayGameOpr();
-    if (sink && !ended) sink->OnFrame(dt, id);
-    CycleGui(gui, id);
-    if (!ended) RouteMouse(hge, gui, sink, id);
+    Run(UpdateFrame);
     return false;
 }
 
 bool C2DGameEngine::Render() {
-    I2DGameEngine* engine = Get2DGameEngineInstance();
-    HGE* hge = engine->GetHge();
-    hgeGUI* gui = engine->GetGui();
-    I2DGameEngineSink* sink = engine->GetEngineSink();
-    if (!hge || !gui) return false;
-
-    if (engine->IsEnableFx())
-        RenderThroughEffect(engine, hge, gui, sink);
-    else
-        RenderPlainly(hge, gui, sink);
+    Run([](I2DGameEngine* engine, HGE* hge, hgeGUI* gui) {
+        (engine->IsEnableFx() ? RenderThroughEffect : RenderPlainly)(engine, hge, gui);
+    });
     return false;
 }

@@ -1,4 +1,5 @@
 #include "drill2d/engine.h"
+#include "engine/safely.h"
 #include "engine/screenshot_name.h"
 
 namespace {
@@ -52,7 +53,10 @@ void CreateFolders(std::string path) {
 }  // namespace
 
 void C2DGameEngine::saveImage(const char* dir) {
-    if (!m_pGui || IsTooSoon()) return;
+    if (m_pGui && !IsTooSoon()) Safely("saveImage", [&] { SaveFrame(dir); });
+}
+
+void C2DGameEngine::SaveFrame(const char* dir) {
     std::string folder = ProgramFolder();
     if (folder.empty()) return;
     __time64_t now = _time64(nullptr);

@@ -1,16 +1,21 @@
 #include "drill2d/engine.h"
+#include "engine/safely.h"
 
 EffectHandle* C2DGameEngine::Play2DSound(unsigned long effect) {
     if (!m_pGui) return nullptr;
-    unsigned long channel = m_pHge->Effect_PlayEx(effect, 100, 0, 1.0f, false);
-    m_sounds.push_back({effect, channel});
-    return &m_sounds.back();
+    return Safely("Play2DSound", [&] {
+        m_sounds.push_back({effect, 0});
+        m_sounds.back().channel = m_pHge->Effect_PlayEx(effect, 100, 0, 1.0f, false);
+        return &m_sounds.back();
+    });
 }
 
 EffectHandle* C2DGameEngine::Play2DSound(const char* file) {
     if (!m_pGui) return nullptr;
     unsigned long effect = m_pHge->Effect_Load(file, 0);
-    return effect ? Play2DSound(effect) : nullptr;
+    EffectHandle* sound = effect ? Play2DSound(effect) : nullptr;
+    if (effect && !sound) m_pHge->Effect_Free(effect);
+    return sound;
 }
 
 EffectHandle* C2DGameEngine::EnumSound(int index) {

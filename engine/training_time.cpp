@@ -1,7 +1,9 @@
+#include <memory>
 #include <string>
 
 #include "drill2d/controls.h"
 #include "drill2d/engine.h"
+#include "engine/safely.h"
 #include "hgegui.h"
 #include "text/code_page.h"
 
@@ -33,7 +35,7 @@ RECT ClientArea(HWND window) {
 }
 
 CGameLableEx* MakeNotice(HWND window) {
-    CGameLableEx* notice = new TimeEndNotice;
+    auto notice = std::make_unique<TimeEndNotice>();
     notice->SetFont(code_page::SystemText(L"\u5b8b\u4f53", "SimSun").c_str(), kNoticeTextSize, false, false,
                     true);
     notice->SetColor(kNoticeTextColor);
@@ -43,7 +45,7 @@ CGameLableEx* MakeNotice(HWND window) {
     RECT area = ClientArea(window);
     notice->MoveWindow(0, 0, static_cast<float>(area.right), static_cast<float>(area.bottom), true);
     notice->setbackgroundColor(kNoticeDimColor);
-    return notice;
+    return notice.release();
 }
 
 std::string NoticeText() {
@@ -124,12 +126,15 @@ bool C2DGameEngine::PlayGameOpr() {
 
 void C2DGameEngine::ShowTimeEndNotice() {
     if (!m_pGui) return;
-    if (!g_pTimeEndLable) {
-        g_pTimeEndLable = MakeNotice(m_pHge->System_GetState(HGE_HWND));
-        AddControl(g_pTimeEndLable);
-    }
-    g_pTimeEndLable->SetText(NoticeText().c_str());
-    g_pTimeEndLable->ShowWindow(true);
+    // A notice that cannot be made now is made in a later frame; the time runs out meanwhile.
+    Safely("the notice of the end", [&] {
+        if (!g_pTimeEndLable) {
+            g_pTimeEndLable = MakeNotice(m_pHge->System_GetState(HGE_HWND));
+            AddControl(g_pTimeEndLable);
+        }
+        g_pTimeEndLable->SetText(NoticeText().c_str());
+        g_pTimeEndLable->ShowWindow(true);
+    });
 }
 
 bool C2DGameEngine::IsGameTimeEnd() {

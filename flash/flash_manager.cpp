@@ -1,7 +1,9 @@
 #include <algorithm>
+#include <memory>
 #include <new>
 
 #include "drill2d/flash.h"
+#include "engine/safely.h"
 #include "flash/control_loader.h"
 
 FlashManager* FlashManager::m_instance = nullptr;
@@ -12,6 +14,7 @@ bool FlashManager::CreatFlashManager(HGE* hge) {
     if (!hge || m_instance) return false;
     m_instance = new (std::nothrow) FlashManager(hge);
     flash::ForgetMissingControl();
+    if (!m_instance) ReportTrouble("CreatFlashManager");
     return true;
 }
 
@@ -55,24 +58,25 @@ bool FlashManager::DrawOrStop(IFlashSprite* sprite) {
 
 bool FlashManager::StartSingleFlash(char* file, int x, int y, int w, int h) {
     if (!m_instance) return false;
-    CFlashSprite* sprite = new (std::nothrow) CFlashSprite(m_instance->m_hge, true, true);
-    if (!sprite) return false;
-    if (!sprite->LoadFlash(file, w, h)) {
-        delete sprite;
-        return false;
-    }
-    sprite->SetLoopPlay(false);
-    sprite->SetAutoRenderPos(x, y);
-    sprite->Play();
-    m_instance->m_sprites.push_back(sprite);
-    return true;
+    return Safely("StartSingleFlash", [&] {
+        auto sprite = std::make_unique<CFlashSprite>(m_instance->m_hge, true, true);
+        if (!sprite->LoadFlash(file, w, h)) return false;
+        sprite->SetLoopPlay(false);
+        sprite->SetAutoRenderPos(x, y);
+        sprite->Play();
+        m_instance->m_sprites.push_back(sprite.get());
+        sprite.release();
+        return true;
+    });
 }
 
 IFlashSprite* FlashManager::CreatFlashSprite(bool autoRender) {
     if (!m_instance) return nullptr;
-    IFlashSprite* sprite = new (std::nothrow) CFlashSprite(m_instance->m_hge, false, autoRender);
-    if (sprite) m_instance->m_sprites.push_back(sprite);
-    return sprite;
+    return Safely("CreatFlashSprite", [&]() -> IFlashSprite* {
+        auto sprite = std::make_unique<CFlashSprite>(m_instance->m_hge, false, autoRender);
+        m_instance->m_sprites.push_back(sprite.get());
+        return sprite.release();
+    });
 }
 
 void FlashManager::DestroyFlashSprite(IFlashSprite*& sprite) {

@@ -6,6 +6,8 @@
 #include <cstring>
 #include <new>
 
+#include "engine/live_objects.h"
+#include "engine/safely.h"
 #include "flash/bstr.h"
 #include "flash/com_ref.h"
 #include "flash/control_loader.h"
@@ -43,7 +45,12 @@ FlashPlayer::FlashPlayer()
       m_frameMark(0) {
     // Never balanced: the host's thread may hold objects of the apartment longer than the player lives.
     CoInitialize(nullptr);
-    m_site = new ControlSite;
+    live::Born(live::kFlashPlayer);
+    m_site = new (std::nothrow) ControlSite;
+    if (!m_site) {
+        ReportTrouble("FlashPlayer");
+        return;
+    }
     m_site->AddRef();
     m_site->SetOwner(this);
     ++m_siteCount;
@@ -52,6 +59,7 @@ FlashPlayer::FlashPlayer()
 }
 
 FlashPlayer::~FlashPlayer() {
+    live::Gone(live::kFlashPlayer);
     CleanupBuffer();
     ReleaseControl();
     ReleaseSite();
@@ -75,6 +83,7 @@ void FlashPlayer::ReleaseControl() {
 }
 
 void FlashPlayer::ReleaseSite() {
+    if (!m_site) return;
     // A control may keep its site for longer than it should: the site must not call a dead player.
     if (m_site->Release() != 0) m_site->SetOwner(nullptr);
     m_site = nullptr;

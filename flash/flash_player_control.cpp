@@ -1,6 +1,7 @@
 #include <ocidl.h>
 
 #include "drill2d/flash.h"
+#include "engine/safely.h"
 #include "flash/bstr.h"
 #include "flash/play_state.h"
 #include "flash/shockwave_flash.h"
@@ -78,7 +79,7 @@ int FlashPlayer::GetTotalFrames() {
 std::string FlashPlayer::GetCurrentLabel(const std::string& target) {
     Bstr label;
     if (m_flash) m_flash->TCurrentLabel(Bstr(target).Get(), label.Put());
-    return label.Text();
+    return Safely("GetCurrentLabel", [&] { return label.Text(); });
 }
 
 void FlashPlayer::CallFrame(const std::string& target, int frame) {
@@ -92,7 +93,7 @@ void FlashPlayer::CallLabel(const std::string& target, const std::string& label)
 std::string FlashPlayer::GetVariable(const std::string& name) {
     Bstr value;
     if (m_flash) m_flash->GetVariable(Bstr(name).Get(), value.Put());
-    return value.Text();
+    return Safely("GetVariable", [&] { return value.Text(); });
 }
 
 void FlashPlayer::SetVariable(const std::string& name, const std::string& value) {

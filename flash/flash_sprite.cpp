@@ -4,6 +4,8 @@
 #include <new>
 
 #include "drill2d/flash.h"
+#include "engine/live_objects.h"
+#include "engine/safely.h"
 #include "flash/frame_pixels.h"
 #include "hgesprite.h"
 
@@ -37,9 +39,12 @@ CFlashSprite::CFlashSprite(HGE* hge, bool removeWhenDone, bool autoRender)
       m_state(kNew),
       m_removeWhenDone(removeWhenDone),
       m_autoRender(autoRender),
-      m_loop(true) {}
+      m_loop(true) {
+    live::Born(live::kFlashSprite);
+}
 
 CFlashSprite::~CFlashSprite() {
+    live::Gone(live::kFlashSprite);
     delete m_player;
     if (m_quad.tex) m_hge->Texture_Free(m_quad.tex);
 }
@@ -52,15 +57,17 @@ bool CFlashSprite::LoadFlash(char* file, int width, int height) {
     }
     m_width = width;
     m_height = height;
-    m_file = file;
-    if (!IsFullPath(m_file)) m_file.insert(0, ProgramFolder());
-    return true;
+    return Safely("LoadFlash", [&] {
+        m_file = file;
+        if (!IsFullPath(m_file)) m_file.insert(0, ProgramFolder());
+        return true;
+    });
 }
 
 void CFlashSprite::Play() {
     if (!m_player) {
         m_player = new (std::nothrow) FlashPlayer;
-        if (!m_player) return;
+        if (!m_player) return ReportTrouble("a movie");
         m_player->StartAnimation(m_file, m_width, m_height, nullptr);
         m_player->SetQuality(FLASH_QUALITY_HIGH);
     }

@@ -2,6 +2,8 @@
 #include <new>
 
 #include "drill2d/font.h"
+#include "engine/live_objects.h"
+#include "engine/safely.h"
 #include "gui/control.h"
 #include "text/code_page.h"
 
@@ -49,9 +51,11 @@ CGameButton::CGameButton()
       m_mouseThrough(true),
       m_tag(0) {
     control::InitObject(this);
+    live::Born(live::kControl);
 }
 
 CGameButton::~CGameButton() {
+    live::Gone(live::kControl);
     delete m_pSprite;
     delete m_pMouseAni;
 }
@@ -187,7 +191,7 @@ void CGameButton::SetFont(GfxFont* font) {
 }
 
 void CGameButton::SetFont(const char* face, int size, int bold, int italic, int antialias) {
-    GfxFont* font = new (std::nothrow) GfxFont(face, size, bold, italic, antialias);
+    GfxFont* font = control::MakeFont(face, size, bold, italic, antialias);
     if (!font) return;
     m_pFont = font;
     m_pFont->SetColor(kCaptionColor, -1);
@@ -234,6 +238,7 @@ bool CGameButton::loadMouseAni(const char* file, int frames, int fps, int w, int
     delete m_pMouseAni;
     m_pMouseAni = new (std::nothrow) CGameAnimation;
     // The animation reads the name only.
+    if (!m_pMouseAni) ReportTrouble("loadMouseAni");
     if (m_pMouseAni) m_pMouseAni->LoadAniImage(const_cast<char*>(file), frames, fps, w, h);
     return m_pMouseAni != nullptr;
 }

@@ -3,6 +3,9 @@
 #include <cstddef>
 #include <new>
 
+#include "drill2d/font.h"
+#include "engine/safely.h"
+
 static_assert(sizeof(void*) != 4 || sizeof(ControlNotify) == 32, "eight 32-bit fields");
 static_assert(sizeof(void*) != 4 ||
                   (offsetof(ControlNotify, sender) == 4 && offsetof(ControlNotify, x) == 12 &&
@@ -99,14 +102,22 @@ void MoveTo(hgeRect* rect, float x, float y) {
 
 CGameSprite* LoadSprite(const char* file) {
     CGameSprite* sprite = new (std::nothrow) CGameSprite;
+    if (!sprite) ReportTrouble("LoadImageInfo");
     if (sprite) sprite->LoadImageA(file, true);
     return sprite;
 }
 
 CGameSprite* LoadSprite(CGameResourceManager* mgr, const char* name) {
     CGameSprite* sprite = new (std::nothrow) CGameSprite;
+    if (!sprite) ReportTrouble("LoadImageInfo");
     if (sprite) sprite->LoadImageA(name, mgr, true);
     return sprite;
+}
+
+GfxFont* MakeFont(const char* face, int size, int bold, int italic, int antialias) {
+    GfxFont* font = new (std::nothrow) GfxFont(face, size, bold, italic, antialias);
+    if (!font) ReportTrouble("SetFont");
+    return font;
 }
 
 float FrameWidth(CGameSprite* sprite, unsigned int frames) {

@@ -48,6 +48,8 @@ void MoveTo(hgeRect* rect, float x, float y);
 // Owned by the caller, null only without memory; empty when the image cannot be had.
 CGameSprite* LoadSprite(const char* file);
 CGameSprite* LoadSprite(CGameResourceManager* mgr, const char* name);
+// Null only without memory.
+GfxFont* MakeFont(const char* face, int size, int bold, int italic, int antialias);
 // Source pixels; 0 without an image or without frames.
 float FrameWidth(CGameSprite* sprite, unsigned int frames);
 

@@ -1,7 +1,8 @@
 #include <cstring>
-#include <new>
 
 #include "drill2d/font.h"
+#include "engine/live_objects.h"
+#include "engine/safely.h"
 #include "gui/control.h"
 #include "gui/ellipsis.h"
 #include "text/code_page.h"
@@ -21,9 +22,11 @@ CGameLable::CGameLable()
       m_textSize(),
       m_storedVisible(false) {
     control::InitObject(this);
+    live::Born(live::kControl);
 }
 
 CGameLable::~CGameLable() {
+    live::Gone(live::kControl);
     delete m_pSprite;
 }
 
@@ -47,7 +50,7 @@ bool CGameLable::TakeImage(CGameSprite* sprite) {
 }
 
 bool CGameLable::SetFont(const char* face, int size, bool bold, bool italic, bool antialias) {
-    GfxFont* font = new (std::nothrow) GfxFont(face, size, bold, italic, antialias);
+    GfxFont* font = control::MakeFont(face, size, bold, italic, antialias);
     if (!font) return false;
     m_pFont = font;
     return true;
@@ -89,7 +92,10 @@ std::wstring CGameLable::AnsiToUnicode(const char* text) {
 
 // Starts from the text as shown but from the width of the whole: every call that finds it too wide cuts more.
 void CGameLable::ajustTextMode() {
-    if (!(m_format & FORMAT_ELLIPSIS) || !m_pFont) return;
+    if (m_format & FORMAT_ELLIPSIS && m_pFont) Safely("a label's text", [&] { Shorten(); });
+}
+
+void CGameLable::Shorten() {
     int width = static_cast<int>(rect.x2 - rect.x1);
     float font_size = m_pFont->GetFontSize();
     if (m_textSize.cx <= width || static_cast<float>(width) <= 2 * font_size) return;

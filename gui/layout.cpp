@@ -1,6 +1,8 @@
 #include <cstddef>
+#include <new>
 
 #include "drill2d/controls.h"
+#include "engine/safely.h"
 
 static_assert(sizeof(void*) != 4 ||
                   (sizeof(LayOutControl) == 16 && offsetof(LayOutControl, id) == 4 &&
@@ -34,7 +36,12 @@ unsigned long CLayout::GetCount() {
 }
 
 bool CLayout::AddControl(hgeGUIObject* control) {
-    LayOutControl* node = new LayOutControl{control, ++m_count, m_head, nullptr};
+    LayOutControl* node = new (std::nothrow) LayOutControl{control, m_count + 1, m_head, nullptr};
+    if (!node) {
+        ReportTrouble("a layout's AddControl");
+        return false;
+    }
+    ++m_count;
     if (m_head) m_head->prev = node;
     m_head = node;
     return true;

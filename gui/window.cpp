@@ -1,4 +1,5 @@
 #include "drill2d/engine.h"
+#include "engine/live_objects.h"
 #include "gui/control.h"
 
 static_assert(sizeof(void*) != 4 || sizeof(CGameWindow) == 48 + 4 + 68,
@@ -13,9 +14,11 @@ CGameWindow::CGameWindow()
       m_lastMouseX(0),
       m_lastMouseY(0) {
     control::InitObject(this);
+    live::Born(live::kControl);
 }
 
 CGameWindow::~CGameWindow() {
+    live::Gone(live::kControl);
     delete m_pSprite;
 }
 

@@ -1,15 +1,20 @@
 #include <new>
 
 #include "drill2d/resources.h"
+#include "engine/live_objects.h"
+#include "engine/safely.h"
 #include "hgeanim.h"
 
-CGameAnimation::CGameAnimation() : m_reserved(0), m_ani(nullptr), m_hge(hgeCreate(HGE_VERSION)) {}
+CGameAnimation::CGameAnimation() : m_reserved(0), m_ani(nullptr), m_hge(hgeCreate(HGE_VERSION)) {
+    live::Born(live::kAnimation);
+}
 
 CGameAnimation::CGameAnimation(char* file, int frames, int fps, int w, int h) : CGameAnimation() {
     LoadAniImage(file, frames, fps, w, h);
 }
 
 CGameAnimation::~CGameAnimation() {
+    live::Gone(live::kAnimation);
     Unload();
     if (m_hge) m_hge->Release();
     m_hge = nullptr;
@@ -23,8 +28,9 @@ void CGameAnimation::Unload() {
 bool CGameAnimation::LoadAniImage(char* file, int frames, int fps, int w, int h) {
     if (!file) return false;
     Unload();
-    HTEXTURE tex = CGameResourceManager::getInstance()->GetImage(file);
-    if (!tex) return false;
+    CGameResourceManager* manager = CGameResourceManager::getInstance();
+    HTEXTURE tex = manager ? manager->GetImage(file) : 0;
+    if (!tex || !m_hge) return false;
     if (MakeAnimation(tex, frames, fps, w, h)) return true;
     m_hge->Texture_Free(tex);
     return false;
@@ -34,8 +40,9 @@ bool CGameAnimation::loadAniTex(char* file, int frames, int fps, int w, int h) {
     if (!file) return false;
     Unload();
     CGameResourceManager* manager = CGameResourceManager::getInstance();
-    if (!manager) return false;
-    return MakeAnimation(manager->create_tex(file), frames, fps, w, h);
+    if (!manager || !m_hge) return false;
+    HTEXTURE tex = Safely("loadAniTex", [&] { return manager->create_tex(file); });
+    return MakeAnimation(tex, frames, fps, w, h);
 }
 
 bool CGameAnimation::MakeAnimation(HTEXTURE tex, int frames, int fps, int w, int h) {
@@ -45,6 +52,7 @@ bool CGameAnimation::MakeAnimation(HTEXTURE tex, int frames, int fps, int w, int
     }
     m_ani = new (std::nothrow) hgeAnimation(tex, frames, static_cast<float>(fps), 0, 0, static_cast<float>(w),
                                             static_cast<float>(h));
+    if (!m_ani) ReportTrouble("CGameAnimation");
     return m_ani != nullptr;
 }
 

@@ -1,12 +1,15 @@
 #include <algorithm>
+#include <memory>
+#include <new>
 
 #include "drill2d/resources.h"
+#include "engine/safely.h"
 
 // Made when the library is loaded, so that hosts find the singleton before any call.
 CGameResourceManager* CGameResourceManager::m_instance = new CGameResourceManager;
 
 CGameResourceManager* CGameResourceManager::getInstance() {
-    if (!m_instance) m_instance = new CGameResourceManager;
+    if (!m_instance) m_instance = new (std::nothrow) CGameResourceManager;
     return m_instance;
 }
 
@@ -39,8 +42,12 @@ bool CGameResourceManager::AttachHge(HGE* hge) {
 // A pack that HGE refuses still gives true; only its absence from the list tells.
 bool CGameResourceManager::AttachPacket(const char* path) {
     if (!path) return false;
-    if (IsExistsPacket(path)) return true;
-    if (m_hge && m_hge->Resource_AttachPack(path)) m_packetList.push_back(path);
+    Safely("AttachPacket", [&] {
+        if (IsExistsPacket(path)) return;
+        // Before the pack, which could not be found again without its name.
+        m_packetList.push_back(path);
+        if (!m_hge || !m_hge->Resource_AttachPack(path)) m_packetList.pop_back();
+    });
     return true;
 }
 
@@ -49,9 +56,12 @@ bool CGameResourceManager::IsExistsPacket(std::string name) {
 }
 
 void CGameResourceManager::SetCurPacket(std::string name) {
-    if (!IsExistsPacket(name)) return;
-    m_curPacket = name;
-    if (!m_packetMap.count(name)) m_packetMap[name] = new ResItemMap;
+    Safely("SetCurPacket", [&] {
+        if (!IsExistsPacket(name)) return;
+        auto items = std::make_unique<ResItemMap>();
+        if (m_packetMap.emplace(name, items.get()).second) items.release();
+        m_curPacket = name;
+    });
 }
 
 void CGameResourceManager::RemovePacket(std::string name) {
@@ -86,17 +96,29 @@ resItem* CGameResourceManager::findData(std::string packet, std::string name) {
 
 HTEXTURE CGameResourceManager::GetImage(const char* name) {
     if (!m_hge || !name) return 0;
+    return Safely("GetImage", [&] { return FindOrLoad(name); });
+}
+
+HTEXTURE CGameResourceManager::FindOrLoad(const char* name) {
     if (resItem* item = findData(m_curPacket, name)) return item->tex;
 
     DWORD size = 0;
-    void* data = m_hge->Resource_Load(name, &size);
-    if (!data) return 0;
-    HTEXTURE tex = m_hge->Texture_Load(static_cast<const char*>(data), size, false);
     // With no packet current nobody owns the image and its bytes; they stay until HGE shuts down.
     auto packet = m_packetMap.find(m_curPacket);
-    if (packet != m_packetMap.end())
-        packet->second->emplace(name, new resItem{tex, static_cast<BYTE*>(data)});
-    return tex;
+    if (packet == m_packetMap.end()) {
+        void* data = m_hge->Resource_Load(name, &size);
+        return data ? m_hge->Texture_Load(static_cast<const char*>(data), size, false) : 0;
+    }
+    // The record first: what is loaded is never without an owner.
+    auto item = std::make_unique<resItem>();
+    auto place = packet->second->emplace(name, item.get()).first;
+    item->data = static_cast<BYTE*>(m_hge->Resource_Load(name, &size));
+    if (!item->data) {
+        packet->second->erase(place);
+        return 0;
+    }
+    item->tex = m_hge->Texture_Load(reinterpret_cast<const char*>(item->data), size, false);
+    return item.release()->tex;
 }
 
 HTEXTURE CGameResourceManager::create_tex(std::string file) {
@@ -104,7 +126,12 @@ HTEXTURE CGameResourceManager::create_tex(std::string file) {
     if (found != m_texMap.end() && found->second) return found->second;
     // This reference is kept for the life of the process, like the cache that needs it.
     if (!m_hge) m_hge = hgeCreate(HGE_VERSION);
-    return m_texMap[file] = m_hge->Texture_Load(file.c_str(), 0, false);
+    if (!m_hge) return 0;
+    return Safely("create_tex", [&] {
+        HTEXTURE& tex = m_texMap[file];
+        if (!tex) tex = m_hge->Texture_Load(file.c_str(), 0, false);
+        return tex;
+    });
 }
 
 HTEXTURE CGameResourceManager::find_tex(std::string file) {

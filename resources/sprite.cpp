@@ -1,6 +1,8 @@
 #include <new>
 
 #include "drill2d/resources.h"
+#include "engine/live_objects.h"
+#include "engine/safely.h"
 #include "hgesprite.h"
 
 CGameSprite::CGameSprite()
@@ -10,7 +12,9 @@ CGameSprite::CGameSprite()
       m_width(0),
       m_height(0),
       m_origWidth(0),
-      m_origHeight(0) {}
+      m_origHeight(0) {
+    live::Born(live::kSprite);
+}
 
 CGameSprite::CGameSprite(CGameResourceManager* manager, const char* file, bool bOriginal) : CGameSprite() {
     LoadImageA(file, manager, bOriginal);
@@ -28,6 +32,7 @@ CGameSprite::CGameSprite(const char* file) : CGameSprite() {
 }
 
 CGameSprite::~CGameSprite() {
+    live::Gone(live::kSprite);
     delete m_sprite;
     m_sprite = nullptr;
     if (!m_hge) return;
@@ -42,18 +47,20 @@ bool CGameSprite::LoadImageA(const char* file, CGameResourceManager* manager, bo
 }
 
 bool CGameSprite::LoadImageA(const char* file, bool bOriginal) {
-    m_tex = m_hge->Texture_Load(file, 0, false);
+    m_tex = m_hge ? m_hge->Texture_Load(file, 0, false) : 0;
     return m_tex && MakeSprite(m_tex, bOriginal);
 }
 
 bool CGameSprite::load_tex(const char* file, bool bOriginal) {
-    HTEXTURE tex = file ? CGameResourceManager::getInstance()->create_tex(file) : 0;
+    CGameResourceManager* manager = CGameResourceManager::getInstance();
+    HTEXTURE tex = file && manager ? Safely("load_tex", [&] { return manager->create_tex(file); }) : 0;
     if (!tex) return false;
     MakeSprite(tex, bOriginal);
     return true;
 }
 
 void CGameSprite::ReadSizes(HTEXTURE tex) {
+    if (!m_hge) return;
     m_width = m_hge->Texture_GetWidth(tex, false);
     m_height = m_hge->Texture_GetHeight(tex, false);
     m_origWidth = m_hge->Texture_GetWidth(tex, true);
@@ -64,6 +71,7 @@ bool CGameSprite::MakeSprite(HTEXTURE tex, bool bOriginal) {
     ReadSizes(tex);
     m_sprite = new (std::nothrow) hgeSprite(tex, 0, 0, static_cast<float>(GetWidth(bOriginal)),
                                             static_cast<float>(GetHeight(bOriginal)), 0);
+    if (!m_sprite) ReportTrouble("CGameSprite");
     return m_sprite != nullptr;
 }
 

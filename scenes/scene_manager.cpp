@@ -1,6 +1,7 @@
 #include <algorithm>
 
 #include "drill2d/scenes.h"
+#include "engine/safely.h"
 
 SceneManager::SceneManager() : m_nCurIndex(-1) {}
 
@@ -8,7 +9,7 @@ SceneManager::~SceneManager() = default;
 
 bool SceneManager::register_scene(IScener* scene) {
     if (!scene) return false;
-    m_scenes.push_back(scene);
+    if (!Safely("register_scene", [&] { return m_scenes.push_back(scene), true; })) return false;
     scene->save_ctl_status();
     scene->hide();
     return true;

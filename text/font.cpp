@@ -9,6 +9,8 @@
 #include <new>
 #include <vector>
 
+#include "engine/live_objects.h"
+#include "engine/safely.h"
 #include "hgesprite.h"
 #include "text/code_page.h"
 
@@ -130,6 +132,7 @@ GfxFont::GfxFont(const char* face, int size, int bold, int italic, int antialias
       m_sprite(nullptr),
       m_memDC(nullptr),
       m_font(nullptr) {
+    live::Born(live::kFont);
     std::memset(m_glyphs, 0, sizeof m_glyphs);
     if (!m_hge) return;
     m_memDC = CreateMemoryDC(m_hge->System_GetState(HGE_HWND));
@@ -146,10 +149,12 @@ GfxFont::GfxFont(const char* face, int size, int bold, int italic, int antialias
     GetTextMetricsA(m_memDC, &metrics);
     m_ascent = metrics.tmAscent;
     m_sprite = new (std::nothrow) hgeSprite(0, 0, 0, 0, 0);
+    if (!m_sprite) ReportTrouble("GfxFont");
     SetColor(0xFFFFFFFF, -1);
 }
 
 GfxFont::~GfxFont() {
+    live::Gone(live::kFont);
     if (!m_hge) return;
     for (const Glyph& glyph : m_glyphs)
         if (glyph.tex) m_hge->Texture_Free(glyph.tex);
@@ -260,7 +265,8 @@ float GfxFont::GetWidthFromCharacter(wchar_t c, bool exact) {
 }
 
 void GfxFont::CacheCharacter(unsigned int index, wchar_t c) {
-    if (index < font_count && !m_glyphs[index].tex && m_font) Rasterise(index, c);
+    if (index < font_count && !m_glyphs[index].tex && m_font)
+        Safely("a glyph", [&] { Rasterise(index, c); });
 }
 
 void GfxFont::Rasterise(unsigned int index, wchar_t c) {

@@ -1,5 +1,6 @@
 #include "audio/output_driver.h"
 
+#include <new>
 #include <utility>
 
 namespace hge {
@@ -48,14 +49,24 @@ std::string OutputDriver::TakeNotice() {
 void OutputDriver::TryOpen(double now) {
     std::string text;
     next_try_ = now + kRetry;
-    open_ = device_->Open(rate_, &text);
     behind_ = true;
+    open_ = device_->Open(rate_, &text) && MakeRoom(&text);
     if (open_) {
-        block_.resize(device_->block_frames() * 2);
         last_failure_.clear();
         notice_ = "sound: " + text;
     } else if (std::exchange(last_failure_, text) != text) {
         notice_ = "sound: no device (" + text + "), channels run silently";
+    }
+}
+
+bool OutputDriver::MakeRoom(std::string* text) {
+    try {
+        block_.resize(device_->block_frames() * 2);
+        return true;
+    } catch (const std::bad_alloc&) {
+        device_->Close();
+        *text = "out of memory";
+        return false;
     }
 }
 

@@ -25,6 +25,7 @@ class OutputDriver {
 
  private:
     void TryOpen(double now);
+    bool MakeRoom(std::string* text);
     void Feed(double now);
     void Lose(double now);
     void SkipTo(double now);

@@ -1,6 +1,8 @@
 #include <chrono>
 #include <condition_variable>
+#include <exception>
 #include <mutex>
+#include <optional>
 #include <thread>
 #include <utility>
 
@@ -22,7 +24,8 @@ class ThreadedOutput final : public SoundOutput {
     void Start(SoundFeed& feed, uint32_t rate) override {
         Stop();
         stopping_ = tried_ = false;
-        thread_ = std::thread([this, &feed, rate] { Run(feed, rate); });
+        driver_.emplace(feed, device_.get(), rate, Now());
+        thread_ = std::thread([this] { Run(); });
         std::unique_lock lock(mutex_);
         changed_.wait(lock, [this] { return tried_; });
     }
@@ -43,16 +46,24 @@ class ThreadedOutput final : public SoundOutput {
     }
 
  private:
-    void Run(SoundFeed& feed, uint32_t rate) {
-        OutputDriver driver(feed, device_.get(), rate, Now());
-        while (Publish(driver, driver.Step(Now()))) {
+    void Run() noexcept {
+        while (Publish(Step())) {
         }
-        driver.Close();
+        driver_->Close();
+    }
+
+    // Seconds until the next one. Without memory a block stays silent: the thread must live on.
+    double Step() noexcept {
+        try {
+            return driver_->Step(Now());
+        } catch (const std::exception&) {
+            return 0.01;
+        }
     }
 
     // Waits out the pause; false when it is time to stop.
-    bool Publish(OutputDriver& driver, double pause) {
-        std::string notice = driver.TakeNotice();
+    bool Publish(double pause) {
+        std::string notice = driver_->TakeNotice();
         std::unique_lock lock(mutex_);
         if (!notice.empty()) notice_ = std::move(notice);
         if (!std::exchange(tried_, true)) changed_.notify_all();
@@ -62,6 +73,7 @@ class ThreadedOutput final : public SoundOutput {
     }
 
     std::unique_ptr<SoundDevice> device_;
+    std::optional<OutputDriver> driver_;
     std::thread thread_;
     std::mutex mutex_;
     std::condition_variable changed_;

@@ -36,7 +36,7 @@ class HandleTable {
     }
 
     // The object, no longer in the table; null for a dead or foreign id.
-    std::unique_ptr<T> Remove(uint32_t id) {
+    std::unique_ptr<T> Remove(uint32_t id) noexcept {
         if (!Find(id)) return nullptr;
         uint32_t slot = id & (kSlots - 1);
         Entry& entry = entries_[slot];
@@ -44,6 +44,12 @@ class HandleTable {
         free_.push_back(slot);
         --size_;
         return std::move(entry.object);
+    }
+
+    // Every id dies.
+    void Clear() noexcept {
+        for (uint32_t slot = 0; slot < entries_.size(); ++slot)
+            if (entries_[slot].object) Remove(Id(slot));
     }
 
     size_t size() const { return size_; }
@@ -71,6 +77,8 @@ class HandleTable {
             return slot;
         }
         if (entries_.size() == kSlots) return kSlots;
+        // Room for every slot to come free: to give back must never need memory.
+        if (free_.capacity() <= entries_.size()) free_.reserve(entries_.size() * 2 + 1);
         entries_.emplace_back();
         return static_cast<uint32_t>(entries_.size() - 1);
     }

@@ -172,7 +172,9 @@ class HgeImpl final : public HGE {
     bool OpenWindow();
     bool StartGraphics();
     void OpenLog();
+    void StopAll();
     void Shutdown();
+    void ReportLive();
 
     bool MayStart();
     bool RunFrame();

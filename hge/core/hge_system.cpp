@@ -8,6 +8,7 @@
 #include <utility>
 
 #include "core/hge_impl.h"
+#include "core/live_report.h"
 
 namespace hge {
 
@@ -26,15 +27,20 @@ bool HgeImpl::System_Initiate() {
             log_.Write("System_Initiate: the system is running already");
             return true;
         }
-        if (Initiate()) return true;
+        if (Guarded("System_Initiate", [&] { return Initiate(); })) return true;
         // The reason is the last error, and no step of the way back may hide it.
-        audio_.Stop();
-        graphics_.Stop();
-        window_.Destroy();
-        waiter_.reset();
+        StopAll();
         log_.Close();
         return false;
     });
+}
+
+void HgeImpl::StopAll() {
+    initiated_ = false;
+    audio_.Stop();
+    graphics_.Stop();
+    window_.Destroy();
+    waiter_.reset();
 }
 
 bool HgeImpl::Initiate() {
@@ -101,15 +107,19 @@ void HgeImpl::System_Shutdown() {
 }
 
 void HgeImpl::Shutdown() {
-    initiated_ = false;
+    Guarded("System_Shutdown", [&] { ReportLive(); });
     screen_scene_ = screen_drawn_ = false;
-    audio_.Stop();
-    graphics_.Stop();
-    window_.Destroy();
-    waiter_.reset();
-    input_.Clear();
+    StopAll();
+    Guarded("System_Shutdown", [&] { input_.Clear(); });
     log_.Write("finished");
     log_.Close();
+}
+
+// The host's leaks, by name, while they can still be counted.
+void HgeImpl::ReportLive() {
+    hgeCounters counters;
+    ReadCounters(&counters);
+    log_.Write("shutdown: still alive: %s", LiveText(counters).c_str());
 }
 
 bool HgeImpl::MayStart() {
@@ -144,8 +154,10 @@ bool HgeImpl::RunFrame() {
     ReportFocus();
     if (!initiated_) return false;
     bool suspended = !window_.Active() && !states_.Get(HGE_DONTSUSPEND);
-    audio_.SetSuspended(suspended);
-    audio_.Update();
+    Guarded("sound", [&] {
+        audio_.SetSuspended(suspended);
+        audio_.Update();
+    });
     if (suspended) {
         Window::WaitForMessage(kIdleMilliseconds);
         pacer_.Resume(FrameWaiter::Now());
@@ -153,7 +165,7 @@ bool HgeImpl::RunFrame() {
     }
     pacer_.BeginFrame(FrameWaiter::Now());
     graphics_.SetTime(pacer_.time());
-    input_.BeginFrame();
+    Guarded("input", [&] { input_.BeginFrame(); });
     if (Call(HGE_FRAMEFUNC) || !initiated_) return false;
     Call(HGE_RENDERFUNC);
     if (!initiated_) return false;
@@ -175,10 +187,10 @@ void HgeImpl::ReportFocus() {
     Call(focus ? HGE_FOCUSGAINFUNC : HGE_FOCUSLOSTFUNC);
 }
 
-// A frame without a scene on the screen leaves the last one there.
+// A frame without a scene on the screen leaves the last one there. Without a device there are no scenes.
 void HgeImpl::PresentFrame() {
     if (screen_scene_) Gfx_EndScene();
-    if (!std::exchange(screen_drawn_, false)) return;
+    if (!std::exchange(screen_drawn_, false) && !graphics_.device_lost()) return;
     bool rebuilt = Guarded("Present", [&] { return graphics_.Present(); });
     if (rebuilt) Call(HGE_GFXRESTOREFUNC);
 }

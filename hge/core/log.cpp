@@ -2,24 +2,14 @@
 
 #include <chrono>
 #include <ctime>
+#include <exception>
+#include <new>
 
 namespace hge {
 namespace {
 
 // Keys may carry handles or names of the host: what is remembered of them stays bounded.
 constexpr size_t kMaxSeenKeys = 4096;
-
-std::string Format(const char* format, va_list args) {
-    if (!format) return {};
-    va_list measure;
-    va_copy(measure, args);
-    int length = std::vsnprintf(nullptr, 0, format, measure);
-    va_end(measure);
-    if (length <= 0) return {};
-    std::string text(static_cast<size_t>(length), '\0');
-    std::vsnprintf(text.data(), text.size() + 1, format, args);
-    return text;
-}
 
 struct Stamp {
     char text[16];
@@ -41,7 +31,30 @@ Stamp LocalTime() {
 
 }  // namespace
 
-bool Log::Open(const std::string& path) {
+// A formatted text: on the stack, or on the heap when it is long and there is memory.
+class Log::Line {
+ public:
+    Line(const char* format, va_list args) noexcept {
+        if (!format) return;
+        va_list again;
+        va_copy(again, args);
+        int length = std::vsnprintf(short_, kShortLine, format, args);
+        if (length >= static_cast<int>(kShortLine)) WriteLong(static_cast<size_t>(length), format, again);
+        va_end(again);
+    }
+    const char* text() const { return long_ ? long_.get() : short_; }
+
+ private:
+    void WriteLong(size_t length, const char* format, va_list args) noexcept {
+        long_.reset(new (std::nothrow) char[length + 1]);
+        if (long_) std::vsnprintf(long_.get(), length + 1, format, args);
+    }
+
+    char short_[kShortLine] = "";
+    std::unique_ptr<char[]> long_;
+};
+
+bool Log::Open(const std::string& path) noexcept {
     Close();
     seen_.clear();
     if (path.empty()) return false;
@@ -49,40 +62,54 @@ bool Log::Open(const std::string& path) {
     return file_ != nullptr;
 }
 
-void Log::Close() {
+void Log::Close() noexcept {
     file_.reset();
 }
 
-void Log::Write(const char* format, ...) {
+void Log::Write(const char* format, ...) noexcept {
     va_list args;
     va_start(args, format);
     WriteV(format, args);
     va_end(args);
 }
 
-void Log::WriteV(const char* format, va_list args) {
-    WriteLine(Format(format, args));
+void Log::WriteV(const char* format, va_list args) noexcept {
+    WriteLine(Line(format, args));
 }
 
-void Log::Fail(const char* format, ...) {
+void Log::Fail(const char* format, ...) noexcept {
     va_list args;
     va_start(args, format);
-    last_error_ = Format(format, args);
+    Line line(format, args);
     va_end(args);
-    WriteLine(last_error_);
+    try {
+        last_error_ = line.text();
+    } catch (const std::exception&) {
+        // Its room is never smaller than a short line.
+        last_error_.assign(line.text(), kShortLine - 1);
+    }
+    WriteLine(line);
 }
 
-void Log::WriteOnce(const std::string& key, const char* format, ...) {
-    if (seen_.size() >= kMaxSeenKeys || !seen_.insert(key).second) return;
+void Log::WriteOnce(const std::string& key, const char* format, ...) noexcept {
+    if (!IsNew(key)) return;
     va_list args;
     va_start(args, format);
     WriteV(format, args);
     va_end(args);
 }
 
-void Log::WriteLine(const std::string& text) {
+bool Log::IsNew(const std::string& key) noexcept {
+    try {
+        return seen_.size() < kMaxSeenKeys && seen_.insert(key).second;
+    } catch (const std::exception&) {
+        return false;
+    }
+}
+
+void Log::WriteLine(const Line& line) noexcept {
     if (!file_) return;
-    std::fprintf(file_.get(), "%s %s\n", LocalTime().text, text.c_str());
+    std::fprintf(file_.get(), "%s %s\n", LocalTime().text, line.text());
     // A program that crashes right after must have left its last line.
     std::fflush(file_.get());
 }

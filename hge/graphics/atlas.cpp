@@ -61,8 +61,8 @@ Atlas::Shelf* Atlas::OpenShelf(Page& page, int height) {
     int taken = std::min(ShelfHeight(height), empty->height);
     if (taken < empty->height) {
         Shelf rest{empty->y + taken, empty->height - taken, {{0, page_size_}}};
-        empty->height = taken;
         empty = page.insert(empty + 1, std::move(rest)) - 1;
+        empty->height = taken;
     }
     return &*empty;
 }

@@ -59,6 +59,7 @@ TextureSource Device::MakeTexture(int width, int height, int slices, Use use) co
     view.Texture2DArray.MipLevels = static_cast<UINT>(-1);
     view.Texture2DArray.ArraySize = desc.ArraySize;
 
+    if (!device_) return {};
     TextureSource source;
     source.mipmaps = use == Use::kSampleMipmaps;
     source.premultiplied = use == Use::kTarget;

@@ -41,6 +41,8 @@ class Device {
     ID3D11Device* Get() const { return device_.Get(); }
     ID3D11DeviceContext* context() const { return context_.Get(); }
     int max_texture_size() const { return max_texture_size_; }
+    // It takes nothing any more, another one must be made.
+    bool lost() const { return !device_ || FAILED(device_->GetDeviceRemovedReason()); }
 
     enum class Use { kSample, kSampleMipmaps, kStream, kTarget };
     // Empty when the device refuses.

@@ -54,7 +54,7 @@ bool Effect::Load(const Device& device, const char* name, const void* bytes, siz
     std::string text;
     std::string reason;
     if (MakeEffectText(bytes, size, &text, &reason)) code_ = Compiled(text, name, &reason);
-    if (code_ && !Restore(device)) {
+    if (code_ && !Restore(device) && !device.lost()) {
         Unload();
         reason = "the device refuses it";
     }
@@ -90,6 +90,7 @@ void Effect::Release() {
 
 bool Effect::Restore(const Device& device) {
     if (!code_) return true;
+    if (!device) return false;
     D3D11_BUFFER_DESC values{};
     values.ByteWidth = sizeof(Values);
     values.BindFlags = D3D11_BIND_CONSTANT_BUFFER;

@@ -14,6 +14,8 @@ namespace {
 static_assert(sizeof(Vertex) == sizeof(hgeVertex) && offsetof(Vertex, color) == offsetof(hgeVertex, col) &&
               offsetof(Vertex, tx) == offsetof(hgeVertex, tx));
 
+constexpr int kLongestWait = 600;  // frames
+
 struct Target {
     HTEXTURE texture = 0;
     int width = 0, height = 0;
@@ -58,6 +60,7 @@ struct Graphics::Impl {
     GraphicsSettings settings;
     bool running = false;
     bool device_lost = false;
+    int rebuild_wait = 0, next_wait = 1;  // frames until the next attempt, and after a failure of that
     DWORD frames = 0;
     Device device;
     SwapChain screen;
@@ -81,6 +84,9 @@ bool Graphics::Impl::CreateDevice() {
 
 // Everything that was lost comes back; only what was drawn into targets does not.
 bool Graphics::Impl::Rebuild() {
+    if (rebuild_wait-- > 0) return false;
+    rebuild_wait = next_wait;
+    next_wait = std::min(next_wait * 2, kLongestWait);
     scene.Stop();
     screen.Destroy();
     device.Destroy();
@@ -91,6 +97,8 @@ bool Graphics::Impl::Rebuild() {
         return false;
     }
     log.Write("graphics: the lost device was rebuilt");
+    rebuild_wait = 0;
+    next_wait = 1;
     return true;
 }
 
@@ -107,7 +115,7 @@ bool Graphics::Impl::RestoreTargets() {
 
 bool Graphics::Impl::CheckSize(const char* what, int width, int height) {
     int most = device.max_texture_size();
-    if (!running || device_lost)
+    if (!running)
         log.Fail("cannot create %s: the graphics do not run", what);
     else if (width < 1 || height < 1 || width > most || height > most)
         log.Fail("cannot create %s of %d x %d pixels: each side must be 1 to %d", what, width, height, most);
@@ -187,10 +195,7 @@ bool Graphics::Start(const GraphicsSettings& settings) {
 }
 
 void Graphics::Stop() {
-    std::vector<HTARGET> ids;
-    impl_->targets.ForEach([&](HTARGET id, const Target&) { ids.push_back(id); });
-    for (HTARGET id : ids)
-        impl_->targets.Remove(id);
+    impl_->targets.Clear();
     impl_->scene.Stop();
     impl_->scene.effect().Unload();
     impl_->textures.Stop();
@@ -217,11 +222,16 @@ void Graphics::LoseDevice() {
     impl_->device_lost = impl_->running;
 }
 
+bool Graphics::device_lost() const {
+    return impl_->device_lost;
+}
+
 bool Graphics::BeginScene(HTARGET target) {
     if (!impl_->running || impl_->device_lost) return impl_->Refuse("the graphics do not run");
     if (impl_->scene.open()) return impl_->Refuse("a scene is open already");
     const Surface* surface = impl_->FindSurface(target);
     if (!surface) return impl_->Refuse("the handle names no target");
+    if (!surface->color) return impl_->Refuse("the target was made on a lost device and waits for another");
     impl_->scene.Begin(*surface, target);
     return true;
 }
@@ -302,8 +312,7 @@ void Graphics::SetTransform(float x, float y, float dx, float dy, float rot, flo
 
 bool Graphics::LoadEffect(const char* name, const void* bytes, size_t size) {
     UnloadEffect();
-    if (impl_->running && !impl_->device_lost)
-        return impl_->scene.effect().Load(impl_->device, name, bytes, size, impl_->log);
+    if (impl_->running) return impl_->scene.effect().Load(impl_->device, name, bytes, size, impl_->log);
     impl_->log.Fail("cannot load effect \"%s\": the graphics do not run", name);
     return false;
 }
@@ -324,15 +333,18 @@ HTARGET Graphics::CreateTarget(int width, int height, bool zbuffer) {
     target->height = height;
     target->zbuffer = zbuffer;
     TextureSource source;
-    if (!impl_->MakeTarget(target.get(), &source)) {
+    if (!impl_->MakeTarget(target.get(), &source) && !impl_->device.lost()) {
         impl_->log.Fail("cannot create a target of %d x %d pixels: the device has no room", width, height);
         return 0;
     }
     Target& made = *target;
     HTARGET id = impl_->targets.Insert(std::move(target));
-    if (id) made.texture = impl_->textures.CreateForTarget(id, width, height, std::move(source));
+    try {
+        if (id) made.texture = impl_->textures.CreateForTarget(id, width, height, std::move(source));
+    } catch (const std::bad_alloc&) {
+    }
     if (id && made.texture) return id;
-    impl_->log.Fail("cannot create a target: there are too many targets or textures");
+    impl_->log.Fail("cannot create a target: too many targets or textures, or no memory");
     impl_->targets.Remove(id);
     return 0;
 }

@@ -37,6 +37,8 @@ class Graphics {
     void EndScene();
     // Shows the frame that was drawn to the screen. Rebuilds a lost device first; true when it did so.
     bool Present();
+    // Nothing is drawn until Present has rebuilt the device. Textures and targets can be made meanwhile.
+    bool device_lost() const;
     // For tests: the device counts as lost from now on.
     void LoseDevice();
     void Clear(DWORD color);

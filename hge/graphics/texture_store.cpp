@@ -2,7 +2,7 @@
 
 #include <algorithm>
 #include <cstring>
-#include <vector>
+#include <new>
 
 namespace hge {
 
@@ -40,10 +40,7 @@ bool TextureStore::Start() {
 }
 
 void TextureStore::Stop() {
-    std::vector<uint32_t> ids;
-    textures_.ForEach([&](uint32_t id, const Texture&) { ids.push_back(id); });
-    for (uint32_t id : ids)
-        textures_.Remove(id);
+    textures_.Clear();
     stream_.textures().Clear();
     atlas_ = Atlas(kPageSize, kMaxPages);
     pages_ = {};
@@ -58,7 +55,11 @@ bool TextureStore::Restore() {
     textures_.ForEach([&](uint32_t, Texture& texture) {
         if (texture.target) return;
         bool wrap = texture.own.wrap;
-        if (!texture.in_atlas) whole &= StandAlone(texture);
+        bool placed = texture.in_atlas || texture.own;
+        if (!placed)
+            whole &= Place(texture);
+        else if (!texture.in_atlas)
+            whole &= StandAlone(texture);
         texture.own.wrap = wrap;
         MarkDirty(texture, texture.whole());
     });
@@ -85,13 +86,21 @@ uint32_t TextureStore::Create(PixelShadow shadow, bool mipmaps, const char* name
     uint32_t id = Insert(std::move(made));
     if (!id) {
         log_.Fail("cannot create the texture \"%s\": there are too many", name);
-    } else if (!Place(texture)) {
-        log_.Fail("cannot create the texture \"%s\" of %d x %d pixels: the device has no room", name,
-                  texture.width, texture.height);
-        textures_.Remove(id);
+    } else if (!PlaceOrForget(id, texture)) {
+        log_.Fail("cannot create the texture \"%s\": the device or the memory has no room", name);
         id = 0;
     }
     return id;
+}
+
+// A device that was lost in this frame takes nothing; the one after it will.
+bool TextureStore::PlaceOrForget(uint32_t id, Texture& texture) {
+    try {
+        if (Place(texture) || device_.lost()) return true;
+    } catch (const std::bad_alloc&) {
+    }
+    textures_.Remove(id);
+    return false;
 }
 
 uint32_t TextureStore::CreateForTarget(uint32_t target, int width, int height, TextureSource source) {

@@ -65,6 +65,7 @@ class TextureStore {
     void MarkDirty(Texture& texture, const Box& box);
     // 0 when there are too many.
     uint32_t Insert(std::unique_ptr<Texture> texture);
+    bool PlaceOrForget(uint32_t id, Texture& texture);
     bool Place(Texture& texture);
     bool PlaceInAtlas(Texture& texture);
     void LeaveAtlas(Texture& texture);

@@ -129,7 +129,7 @@ struct IControlMyselOperator : IUnknownEx {
 // Children that move, show and enable with their owner.
 struct ILayOutInterFace {
     virtual unsigned long GetCount() = 0;
-    // Not owned; the child's id in this layout is the count from then on. True.
+    // Not owned; the child's id in this layout is the count from then on. False only without memory.
     virtual bool AddControl(hgeGUIObject* control) = 0;
     // 0 is the newest. Null past the end.
     virtual hgeGUIObject* EnumControl(unsigned int index) = 0;
@@ -293,6 +293,7 @@ class DRILL2D_API CGameLable : public hgeGUIObject, public IControlOpera, public
  protected:
     std::wstring AnsiToUnicode(const char* text);
     void ajustTextMode();
+    void Shorten();
     bool TakeImage(CGameSprite* sprite);
     bool HasArea() const;
     void RenderText();

@@ -16,7 +16,8 @@ struct EffectHandle {
     unsigned long channel;
 };
 
-// What the host implements. Coordinates are screen pixels; all calls come on the thread of InitHge.
+// What the host implements. Coordinates are screen pixels; all calls come on the thread of InitHge. A
+// callback may do anything but delete the engine or throw; a sink that goes sets another one first.
 struct I2DGameEngineSink {
     // The destructor takes slots 1 and 2; the third is the host's own. The engine calls none of them.
     virtual ~I2DGameEngineSink() {}
@@ -42,9 +43,9 @@ struct I2DGameEngineSink {
 
 struct I2DGameEngine {
     // Opens the full-screen window (pixels) and runs the game; returns when it has ended. False: see
-    // game.log.
+    // game.log, or it was called from inside a callback.
     virtual bool InitHge(int width, int height, const char* title, bool zbuffer) = 0;
-    // An I2DGameEngineSink*, not owned, set before InitHge. Null is refused.
+    // An I2DGameEngineSink*, not owned, set before InitHge; may be changed at any time. Null is refused.
     virtual bool SetEngineSink(void* sink) = 0;
     // Gives the control the next id and the focus; the engine owns it from then on.
     virtual void AddControl(hgeGUIObject* ctrl) = 0;
@@ -66,7 +67,7 @@ struct I2DGameEngine {
     virtual void FreeSound(int index) = 0;
     // Entries are valid until the next sound starts or ends. Null: no such entry, or not loaded.
     virtual EffectHandle* EnumSound(int index) = 0;
-    // The engine frees the effect when it has played.
+    // The engine frees the effect when it has played; it stays the caller's when this gives null.
     virtual EffectHandle* Play2DSound(unsigned long effect) = 0;
     virtual EffectHandle* Play2DSound(const char* file) = 0;
     virtual unsigned long GetSoundSize() = 0;
@@ -148,8 +149,10 @@ class DRILL2D_API C2DGameEngine : public I2DGameEngine {
     ~C2DGameEngine() override;
 
  private:
+    void StopFramework();
     bool StartFramework(int width, int height, const char* title, bool zbuffer);
     void ShowTimeEndNotice();
+    void SaveFrame(const char* dir);
 
     static I2DGameEngine* m_instance;
 

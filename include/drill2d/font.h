@@ -56,8 +56,8 @@ class DRILL2D_API GfxFont {
 
     unsigned int GetGlyphByCharacter(wchar_t c);
     float GetWidthFromCharacter(wchar_t c, bool exact);
-    void CacheCharacter(unsigned int index, wchar_t c);
     void Rasterise(unsigned int index, wchar_t c);
+    void CacheCharacter(unsigned int index, wchar_t c);
     void DrawGlyph(const Glyph& glyph, float pen_x, float pen_y, hgeQuad* quad);
     void StartLine(float left, float* x, float* y) const;
 

@@ -59,6 +59,7 @@ class DRILL2D_API CGameResourceManager {
 
  private:
     void ReleaseCache();
+    HTEXTURE FindOrLoad(const char* name);
 
     static CGameResourceManager* m_instance;
 

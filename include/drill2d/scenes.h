@@ -41,7 +41,7 @@ class DRILL2D_API SceneManager {
     SceneManager& operator=(const SceneManager& other) = default;
     virtual ~SceneManager();
 
-    // Saves the scene's status and hides it; it does not become current. False for null.
+    // Saves the scene's status and hides it; it does not become current. False for null and without memory.
     bool register_scene(IScener* scene);
     // Restores and shows the scene, then saves and hides the one before. False for null; true and no effect
     // for a scene that is not registered.

@@ -161,7 +161,9 @@ TEST_F(EngineTest, EndsInOrderAndGivesEverythingBack) {
     });
     Recording().ClearCalls();
     engine_.reset();
-    EXPECT_THAT(Story(Recording().Calls()), ElementsAre("control deleted", "System_Shutdown()"));
+    EXPECT_THAT(
+        Story(Recording().Calls()),
+        ElementsAre("control deleted", "shutdown: still alive in the kit: 2 sprites", "System_Shutdown()"));
     EXPECT_EQ(Recording().AllCalls().back(), "Release()");
 }
 
