@@ -4,9 +4,13 @@
 #include <windows.h>
 
 #include <charconv>
+#include <cstring>
 
+#include "core/ini_text.h"
 #include "core/ini_value.h"
+#include "core/whole_file.h"
 #include "core/win32_error.h"
+#include "resources/byte_source.h"
 
 namespace hge {
 namespace {
@@ -43,10 +47,6 @@ void IniFile::SetFloat(const char* section, const char* name, float value) {
 
 void IniFile::SetString(const char* section, const char* name, const char* value) {
     std::string text = value ? value : "";
-    if (text.find_first_of("\r\n") != std::string::npos) {
-        log_.Write("ini file \"%s\": a value with a line break was not written", path_.c_str());
-        return;
-    }
     Write(section, name, QuotedIniValue(text));
 }
 
@@ -74,9 +74,42 @@ void IniFile::Write(const char* section, const char* name, const std::string& va
         log_.WriteOnce("ini:null", "ini file \"%s\": a null section or name", path_.c_str());
         return;
     }
-    if (!WritePrivateProfileStringA(section, name, value.c_str(), path_.c_str()))
-        log_.WriteOnce("ini:write:" + path_, "cannot write ini file \"%s\": %s", path_.c_str(),
-                       Win32ErrorText(GetLastError()).c_str());
+    if ((section + std::string(name) + value).find_first_of("\r\n") != std::string::npos) {
+        log_.Write("ini file \"%s\": a value with a line break was not written", path_.c_str());
+        return;
+    }
+    std::string reason;
+    if (!Store(section, name, value, &reason))
+        log_.WriteOnce("ini:write:" + path_ + reason, "cannot write ini file \"%s\": %s", path_.c_str(),
+                       reason.c_str());
+}
+
+bool IniFile::StoreInUtf16(const char* section, const char* name, const std::string& value,
+                           std::string* reason) {
+    if (WritePrivateProfileStringA(section, name, value.c_str(), path_.c_str())) return true;
+    *reason = Win32ErrorText(GetLastError());
+    return false;
+}
+
+// The system's own writer cuts the file before it writes: on a full disk all that was saved would be gone.
+bool IniFile::Store(const char* section, const char* name, const std::string& value, std::string* reason) {
+    Block old;
+    DWORD attributes = GetFileAttributesA(path_.c_str());
+    bool exists = attributes != INVALID_FILE_ATTRIBUTES;
+    if (exists && attributes & FILE_ATTRIBUTE_READONLY) {
+        *reason = Win32ErrorText(ERROR_ACCESS_DENIED);
+        return false;
+    }
+    if (exists) {
+        auto file = FileSource::Open(path_, reason);
+        if (file) old = ReadWhole(*file, reason);
+        if (!old.bytes) return false;
+    }
+    std::string text(reinterpret_cast<const char*>(old.bytes.get()), old.size);
+    if (text.rfind("\xFF\xFE", 0) == 0) return StoreInUtf16(section, name, value, reason);
+    SetIniValue(&text, section, name, value);
+    bool same = exists && text.size() == old.size && std::memcmp(text.data(), old.bytes.get(), old.size) == 0;
+    return same || WriteWholeFile(path_, text.data(), text.size(), reason);
 }
 
 template <class T>

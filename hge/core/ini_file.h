@@ -22,12 +22,14 @@ class IniFile {
 
     void SetInt(const char* section, const char* name, int value);
     void SetFloat(const char* section, const char* name, float value);
-    // Refuses a value with a line break.
+    // Refuses a value with a line break. The file is written whole or not at all.
     void SetString(const char* section, const char* name, const char* value);
 
  private:
     bool Read(const char* section, const char* name, std::string* value);
     void Write(const char* section, const char* name, const std::string& value);
+    bool Store(const char* section, const char* name, const std::string& value, std::string* reason);
+    bool StoreInUtf16(const char* section, const char* name, const std::string& value, std::string* reason);
     template <class T>
     T GetNumber(const char* section, const char* name, T def_val);
     template <class T>

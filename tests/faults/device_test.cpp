@@ -1,0 +1,150 @@
+// The Direct3D device, the window, COM and the screen go away in the middle of a frame.
+#include <gmock/gmock.h>
+
+#include "drill2d/flash.h"
+#include "faults/fault_seams.h"
+#include "hgesprite.h"
+#include "support/framework_fixture.h"
+#include "support/picture.h"
+
+namespace {
+
+using testing::HasSubstr;
+
+std::function<bool(int)> g_on_frame;
+std::function<void(int)> g_on_render;
+int g_frame = 0, g_restored = 0;
+
+class DeviceTest : public FrameworkTest {
+ protected:
+    static void SetUpTestSuite() {
+        FrameworkTest::SetUpTestSuite();
+        hge_->System_SetState(HGE_FRAMEFUNC, [] { return g_on_frame && g_on_frame(g_frame); });
+        hge_->System_SetState(HGE_RENDERFUNC, [] { return g_on_render(g_frame++), false; });
+        hge_->System_SetState(HGE_GFXRESTOREFUNC, [] { return ++g_restored, false; });
+        hge_->System_SetState(HGE_DONTSUSPEND, true);
+        hge_->Resource_AttachPack(TEST_DATA "faults.zip");
+    }
+    static void TearDownTestSuite() {
+        hge_->Resource_RemoveAllPacks();
+        FrameworkTest::TearDownTestSuite();
+    }
+
+    // Frames of the real loop.
+    static void Run(int frames, std::function<void(int)> render) {
+        g_frame = g_restored = 0;
+        g_on_frame = [frames](int frame) { return frame >= frames; };
+        g_on_render = std::move(render);
+        EXPECT_TRUE(hge_->System_Start());
+    }
+    static void Draw(HTEXTURE tex, float x) {
+        hgeSprite sprite(tex, 0, 0, 40, 30);
+        sprite.Render(x, 10);
+    }
+};
+
+// All that a frame can do, in steps; the device is removed before one of them.
+struct Frame {
+    HGE* hge;
+    HTEXTURE picture = 0, drawn = 0, late = 0;
+    HTARGET target = 0, late_target = 0;
+    DWORD* pixels = nullptr;
+
+    static constexpr int kSteps = 10;
+    void Step(int step) {
+        const std::function<void()> steps[kSteps] = {
+            [&] { late = hge->Texture_Load("picture.png"); },
+            [&] { late_target = hge->Target_Create(40, 30, true); },
+            [&] { pixels = hge->Texture_Lock(drawn, false); },
+            [&] {
+                if (pixels) std::fill(pixels, pixels + 40 * 30, 0xFF00FF00);
+                hge->Texture_Unlock(drawn);
+            },
+            [&] { EXPECT_TRUE(hge->Gfx_LoadEffect("fade.hlsl")) << hge->System_GetErrorMessage(); },
+            [&] { hge->Gfx_BeginScene(target), hge->Gfx_Clear(0xFF0000FF); },
+            [&] { hge->Gfx_EndScene(), hge->Gfx_BeginScene(0), hge->Gfx_Clear(0xFF000000); },
+            [&] { hgeSprite(picture, 0, 0, 40, 30).Render(10, 10); },
+            [&] { hgeSprite(drawn, 0, 0, 40, 30, picture).Render(60, 10); },
+            [&] { hge->Gfx_EndScene(); }};
+        steps[step]();
+    }
+};
+
+TEST_F(DeviceTest, ARemovedDeviceComesBackWithEverything) {
+    Frame frame{hge_, hge_->Texture_Load("picture.png"), hge_->Texture_Create(40, 30)};
+    frame.target = hge_->Target_Create(40, 30, false);
+    for (int removed_at = 0; removed_at < Frame::kSteps; ++removed_at) {
+        int attempts = removed_at % 2 * 2;
+        SCOPED_TRACE(testing::Message() << "before step " << removed_at << ", " << attempts);
+        hgeCounters before = Counters();
+        Run(8, [&](int number) {
+            if (number != 0) return;
+            for (int step = 0; step < Frame::kSteps; ++step) {
+                if (step == removed_at) fault_seams::RemoveDevice(attempts);
+                frame.Step(step);
+            }
+        });
+        EXPECT_EQ(g_restored, 1);
+        EXPECT_FALSE(fault_seams::DeviceRemoved());
+        EXPECT_TRUE(frame.late && frame.late_target);
+        hge_->Gfx_LoadEffect(nullptr);
+        hge::Image screen = Picture([&] {
+            Draw(frame.picture, 10);
+            Draw(frame.late, 60);
+            Draw(frame.drawn, 110);
+        });
+        EXPECT_EQ(screen.pixels[25 * 800 + 20], screen.pixels[25 * 800 + 70]);
+        EXPECT_NE(screen.pixels[25 * 800 + 20], 0xFF000000);
+        EXPECT_EQ(screen.pixels[25 * 800 + 120], 0xFF00FF00);
+        ASSERT_TRUE(hge_->Gfx_BeginScene(frame.late_target)) << "made on the lost device";
+        hge_->Gfx_Clear(0xFF0000FF);
+        hge_->Gfx_EndScene();
+        hge_->Texture_Free(frame.late);
+        hge_->Target_Free(frame.late_target);
+        EXPECT_EQ(Counters().textures, before.textures);
+    }
+    EXPECT_THAT(LogText(), HasSubstr("the lost device could not be rebuilt yet"));
+    EXPECT_THAT(LogText(), HasSubstr("the lost device was rebuilt"));
+    hge_->Texture_Free(frame.picture);
+    hge_->Texture_Free(frame.drawn);
+    hge_->Target_Free(frame.target);
+}
+
+TEST_F(DeviceTest, WithoutComPicturesAreRefusedWithTheReasonAndMoviesShowNothing) {
+    fault_seams::FailCom(REGDB_E_CLASSNOTREG);
+    EXPECT_EQ(hge_->Texture_Load("picture.png"), 0u);
+    EXPECT_THAT(hge_->System_GetErrorMessage(), HasSubstr("picture.png"));
+    {
+        FlashPlayer player;
+        EXPECT_FALSE(player.StartAnimation("C:\\m", 10, 10, nullptr));
+    }
+    EXPECT_THAT(LogText(), HasSubstr("No movie control found"));
+    fault_seams::FailCom(S_OK);
+    HTEXTURE tex = hge_->Texture_Load("picture.png");
+    EXPECT_NE(tex, 0u);
+    hge_->Texture_Free(tex);
+}
+
+// Last: the window does not come back before the next start.
+TEST_F(DeviceTest, AWindowThatSomebodyElseDestroysEndsTheLoop) {
+    HTEXTURE tex = hge_->Texture_Create(40, 30);
+    for (bool in_scene : {false, true}) {
+        int frames = 0;
+        Run(100, [&](int) {
+            ++frames;
+            if (!in_scene) DestroyWindow(hge_->System_GetState(HGE_HWND));
+            hge_->Gfx_BeginScene(0);
+            if (in_scene) DestroyWindow(hge_->System_GetState(HGE_HWND));
+            Draw(tex, 10);
+            hge_->Gfx_EndScene();
+        });
+        EXPECT_EQ(frames, 1);
+        EXPECT_EQ(hge_->System_GetState(HGE_HWND), nullptr);
+        hge_->System_Shutdown();
+        ASSERT_TRUE(hge_->System_Initiate()) << hge_->System_GetErrorMessage();
+        tex = hge_->Texture_Create(40, 30);
+    }
+    hge_->Texture_Free(tex);
+}
+
+}  // namespace

@@ -1,0 +1,111 @@
+// Full and read-only disks, and packs that somebody else changes: what was saved before stays.
+#include <gmock/gmock.h>
+
+#include <fstream>
+
+#include "faults/fault_seams.h"
+#include "support/framework_fixture.h"
+
+namespace {
+
+using testing::HasSubstr;
+
+class FilesTest : public FrameworkTest {
+ protected:
+    void TearDown() override { fault_seams::LimitDisk(-1); }
+
+    static std::string Path(const char* name) { return hge_->Resource_MakePath(name); }
+    static std::string Read(const std::string& path) {
+        std::ifstream file(path, std::ios::binary);
+        return {std::istreambuf_iterator<char>(file), {}};
+    }
+    static int FilesLike(const char* pattern) {
+        int count = 0;
+        for (char* name = hge_->Resource_EnumFiles(pattern); name; name = hge_->Resource_EnumFiles())
+            ++count;
+        return count;
+    }
+};
+
+TEST_F(FilesTest, AFullDiskLeavesThePictureThatWasThere) {
+    std::string path = Path("full.bmp");
+    Scene([] {}, 0xFF112233);
+    hge_->System_Snapshot("full.bmp");
+    std::string saved = Read(path);
+    ASSERT_GT(saved.size(), 1000u);
+    Scene([] {}, 0xFF445566);
+    for (long long room : {0LL, 100LL, 1000000LL}) {
+        fault_seams::LimitDisk(room);
+        hge_->System_Snapshot("full.bmp");
+        EXPECT_THAT(hge_->System_GetErrorMessage(), HasSubstr("full.bmp\": Disk full"));
+        EXPECT_EQ(Read(path), saved) << room;
+        EXPECT_EQ(FilesLike("full.bmp*"), 1) << "no half of a file";
+    }
+    fault_seams::LimitDisk(-1);
+    hge_->System_Snapshot("full.bmp");
+    EXPECT_NE(Read(path), saved);
+    DeleteFileA(path.c_str());
+}
+
+TEST_F(FilesTest, AFullOrReadOnlyDiskLeavesTheSettingsThatWereSaved) {
+    std::string path = Path("full.ini");
+    DeleteFileA(path.c_str());
+    hge_->System_SetState(HGE_INIFILE, "full.ini");
+    hge_->Ini_SetString("best", "player", "1200");
+    std::string saved = Read(path);
+    for (long long room : {0LL, 5LL, 20LL}) {
+        fault_seams::LimitDisk(room);
+        hge_->Ini_SetString("best", "player", "1300 and some more than before");
+        EXPECT_EQ(Read(path), saved) << room;
+        EXPECT_STREQ(hge_->Ini_GetString("best", "player", ""), "1200");
+        EXPECT_EQ(FilesLike("full.ini*"), 1);
+    }
+    fault_seams::LimitDisk(-1);
+    SetFileAttributesA(path.c_str(), FILE_ATTRIBUTE_READONLY);
+    hge_->Ini_SetString("best", "player", "1400");
+    EXPECT_EQ(Read(path), saved);
+    EXPECT_THAT(LogText(), HasSubstr("cannot write ini file \"" + path + "\": "));
+    SetFileAttributesA(path.c_str(), FILE_ATTRIBUTE_NORMAL);
+    hge_->Ini_SetString("best", "player", "1400");
+    EXPECT_STREQ(hge_->Ini_GetString("best", "player", ""), "1400");
+    DeleteFileA(path.c_str());
+}
+
+TEST_F(FilesTest, ALogThatCannotBeWrittenStopsNothing) {
+    for (const char* log : {"Z:\\dev\\full", "Z:\\proc\\no.log", "."}) {
+        hge_->System_Shutdown();
+        hge_->System_SetState(HGE_LOGFILE, log);
+        EXPECT_TRUE(hge_->System_Initiate()) << log;
+        hge_->System_Log("nowhere");
+        EXPECT_EQ(hge_->Texture_Load("missing.png"), 0u);
+        EXPECT_THAT(hge_->System_GetErrorMessage(), HasSubstr("missing.png"));
+    }
+    hge_->System_Shutdown();
+    hge_->System_SetState(HGE_LOGFILE, "framework_test.log");
+    ASSERT_TRUE(hge_->System_Initiate());
+}
+
+TEST_F(FilesTest, APackThatIsCutOrReplacedWhileAttachedSaysSo) {
+    std::string path = Path("changed.zip"), whole = Read(Path(TEST_DATA "faults.zip"));
+    std::ofstream(path, std::ios::binary) << whole;
+    ASSERT_TRUE(hge_->Resource_AttachPack("changed.zip"));
+    void* before = hge_->Resource_Load("picture.png");
+    EXPECT_NE(before, nullptr);
+    hge_->Resource_Free(before);
+    const std::string replaced[] = {whole.substr(0, 60), "", std::string(whole.size(), 'x')};
+    for (const std::string& bytes : replaced) {
+        std::ofstream(path, std::ios::binary | std::ios::trunc) << bytes;
+        for (const char* name : {"picture.png", "tone.ogg"}) {
+            DWORD size = 7;
+            EXPECT_EQ(hge_->Resource_Load(name, &size), nullptr) << bytes.size();
+            EXPECT_EQ(size, 0u);
+            EXPECT_THAT(hge_->System_GetErrorMessage(), HasSubstr("pack \"changed.zip\": "));
+        }
+    }
+    // Deleting needs the pack to go first, as long as nobody does it past the system.
+    hge_->Resource_RemovePack("changed.zip");
+    EXPECT_TRUE(DeleteFileA(path.c_str()));
+    EXPECT_EQ(hge_->Resource_Load("picture.png"), nullptr);
+}
+
+}  // namespace
