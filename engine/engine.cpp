@@ -44,7 +44,9 @@ C2DGameEngine::C2DGameEngine()
       m_nGameState(0),
       m_dwStartTick(0),
       m_dwPausedTotal(0),
-      m_dwPauseSpan(0) {}
+      m_dwPauseSpan(0) {
+    PrepareExceptions();
+}
 
 C2DGameEngine::~C2DGameEngine() {
     FlashManager::DestroyFlashManager();

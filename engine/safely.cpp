@@ -4,6 +4,13 @@
 
 #include "hge.h"
 
+void PrepareExceptions() {
+    try {
+        throw 0;
+    } catch (int) {
+    }
+}
+
 void ReportTrouble(const char* operation, const std::exception* problem) noexcept {
     HGE* hge = hgeCreate(HGE_VERSION);
     if (!hge) return;

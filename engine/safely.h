@@ -2,6 +2,9 @@
 
 #include <exception>
 
+// The run-time library takes memory for a thread's first exception, and ends the program when there is none:
+// called while there is some.
+void PrepareExceptions();
 // One line in the framework's log: what failed for lack of memory, or what was thrown.
 void ReportTrouble(const char* operation, const std::exception* problem = nullptr) noexcept;
 

@@ -7,6 +7,7 @@
 #include <utility>
 
 #include "audio/output_driver.h"
+#include "core/exceptions.h"
 
 namespace hge {
 namespace {
@@ -47,6 +48,7 @@ class ThreadedOutput final : public SoundOutput {
 
  private:
     void Run() noexcept {
+        PrepareExceptions();
         while (Publish(Step())) {
         }
         driver_->Close();

@@ -2,6 +2,7 @@
 
 #include <new>
 
+#include "core/exceptions.h"
 #include "resources/image.h"
 
 namespace hge {
@@ -34,7 +35,9 @@ HgeImpl::HgeImpl()
       window_(log_, input_),
       graphics_(log_),
       audio_(log_, resources_),
-      pacer_(FrameWaiter::TicksPerSecond()) {}
+      pacer_(FrameWaiter::TicksPerSecond()) {
+    PrepareExceptions();
+}
 
 HGE* HgeImpl::Acquire(int version) {
     if (version != HGE_VERSION) return nullptr;

@@ -37,9 +37,10 @@ bool HgeImpl::System_Initiate() {
 
 void HgeImpl::StopAll() {
     initiated_ = false;
-    audio_.Stop();
-    graphics_.Stop();
-    window_.Destroy();
+    // Each for itself: what fails here must not keep the window on the screen.
+    Guarded("sound", [&] { audio_.Stop(); });
+    Guarded("graphics", [&] { graphics_.Stop(); });
+    Guarded("window", [&] { window_.Destroy(); });
     waiter_.reset();
 }
 

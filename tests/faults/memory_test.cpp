@@ -146,7 +146,8 @@ TEST_F(MemoryTest, AFrameLosesQuadsAtMost) {
 TEST_F(MemoryTest, TheSystemStartsOrSaysWhyNot) {
     hge_->System_Shutdown();
     int failures = 0;
-    for (int nth = 1;; ++nth) {
+    // A start takes long: not each of its allocations.
+    for (int nth = 1;; nth += 3) {
         failing_memory::Fail(nth, nth % 2);
         bool started = hge_->System_Initiate();
         if (!failing_memory::Stop()) break;
@@ -195,6 +196,7 @@ TEST_F(MemoryTest, TheKitFailsCleanly) {
     });
     Starve("a cached file", [] {
         CGameResourceManager cache(hge_);
+        if (!hge_->Resource_AttachPack(TEST_DATA "faults.zip")) return false;
         HTEXTURE tex = cache.create_tex("picture.png");
         bool cached = tex && cache.find_tex("picture.png") == tex;
         hge_->Texture_Free(tex);

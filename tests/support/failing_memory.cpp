@@ -3,6 +3,7 @@
 #ifndef NOMINMAX
 #define NOMINMAX
 #endif
+#include <pthread.h>
 #include <windows.h>
 
 #include <algorithm>
@@ -13,10 +14,14 @@
 #include <iterator>
 #include <mutex>
 #include <new>
+#include <utility>
 
 extern "C" {
 void* __real_malloc(size_t size);
 void* __real_realloc(void* block, size_t size);
+void* __real___cxa_allocate_exception(size_t size) noexcept;
+int __real_pthread_mutex_lock(pthread_mutex_t* mutex);
+int __real_pthread_cond_wait(pthread_cond_t* condition, pthread_mutex_t* mutex);
 }
 
 namespace {
@@ -47,6 +52,21 @@ bool MustFail() {
     if (g_failed) return g_lasting;
     return g_failed = --g_left <= 0;
 }
+
+// For the run-time library's locks and its reserve for what is thrown, which is behind one: they take memory
+// at first use and end the program when there is none.
+class Suspended {
+ public:
+    Suspended() : thread_(g_thread == GetCurrentThreadId() ? std::exchange(g_thread, 0) : 0) {}
+    ~Suspended() {
+        if (thread_) g_thread = thread_;
+    }
+    Suspended(const Suspended&) = delete;
+    Suspended& operator=(const Suspended&) = delete;
+
+ private:
+    DWORD thread_;
+};
 
 Header* HeaderOf(void* block) {
     return static_cast<Header*>(block) - 1;
@@ -84,6 +104,18 @@ void Deallocate(void* block) {
 extern "C" {
 void* __wrap_malloc(size_t size) {
     return MustFail() ? nullptr : __real_malloc(size);
+}
+void* __wrap___cxa_allocate_exception(size_t size) noexcept {
+    Suspended suspended;
+    return __real___cxa_allocate_exception(size);
+}
+int __wrap_pthread_mutex_lock(pthread_mutex_t* mutex) {
+    Suspended suspended;
+    return __real_pthread_mutex_lock(mutex);
+}
+int __wrap_pthread_cond_wait(pthread_cond_t* condition, pthread_mutex_t* mutex) {
+    Suspended suspended;
+    return __real_pthread_cond_wait(condition, mutex);
 }
 void* __wrap_realloc(void* block, size_t size) {
     return MustFail() ? nullptr : __real_realloc(block, size);
