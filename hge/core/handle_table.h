@@ -53,6 +53,8 @@ class HandleTable {
     }
 
     size_t size() const { return size_; }
+    // Beyond every slot that an id has had.
+    size_t slots() const { return entries_.size(); }
 
     template <class F>
     void ForEach(F&& visit) const {

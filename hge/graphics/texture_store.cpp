@@ -67,8 +67,8 @@ bool TextureStore::Restore() {
 }
 
 uint32_t TextureStore::Insert(std::unique_ptr<Texture> texture) {
-    // Whatever slot it gets, that of white comes before the first.
-    stream_.textures().Reserve(textures_.size() + 2);
+    // Whatever slot it gets, also one that an earlier life has left.
+    stream_.textures().Reserve(textures_.slots() + 1);
     uint32_t id = textures_.Insert(std::move(texture));
     if (!id) return 0;
     Find(id)->id = id;

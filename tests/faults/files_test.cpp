@@ -1,9 +1,8 @@
 // Full and read-only disks, and packs that somebody else changes: what was saved before stays.
 #include <gmock/gmock.h>
 
-#include <fstream>
-
 #include "faults/fault_seams.h"
+#include "support/files.h"
 #include "support/framework_fixture.h"
 
 namespace {
@@ -15,35 +14,26 @@ class FilesTest : public FrameworkTest {
     void TearDown() override { fault_seams::LimitDisk(-1); }
 
     static std::string Path(const char* name) { return hge_->Resource_MakePath(name); }
-    static std::string Read(const std::string& path) {
-        std::ifstream file(path, std::ios::binary);
-        return {std::istreambuf_iterator<char>(file), {}};
-    }
-    static int FilesLike(const char* pattern) {
-        int count = 0;
-        for (char* name = hge_->Resource_EnumFiles(pattern); name; name = hge_->Resource_EnumFiles())
-            ++count;
-        return count;
-    }
+    static size_t FilesLike(const char* pattern) { return test::FilesIn(Path(""), pattern).size(); }
 };
 
 TEST_F(FilesTest, AFullDiskLeavesThePictureThatWasThere) {
     std::string path = Path("full.bmp");
     Scene([] {}, 0xFF112233);
     hge_->System_Snapshot("full.bmp");
-    std::string saved = Read(path);
+    std::string saved = test::FileText(path);
     ASSERT_GT(saved.size(), 1000u);
     Scene([] {}, 0xFF445566);
     for (long long room : {0LL, 100LL, 1000000LL}) {
         fault_seams::LimitDisk(room);
         hge_->System_Snapshot("full.bmp");
         EXPECT_THAT(hge_->System_GetErrorMessage(), HasSubstr("full.bmp\": Disk full"));
-        EXPECT_EQ(Read(path), saved) << room;
-        EXPECT_EQ(FilesLike("full.bmp*"), 1) << "no half of a file";
+        EXPECT_EQ(test::FileText(path), saved) << room;
+        EXPECT_EQ(FilesLike("full.bmp*"), 1u) << "no half of a file";
     }
     fault_seams::LimitDisk(-1);
     hge_->System_Snapshot("full.bmp");
-    EXPECT_NE(Read(path), saved);
+    EXPECT_NE(test::FileText(path), saved);
     DeleteFileA(path.c_str());
 }
 
@@ -52,18 +42,18 @@ TEST_F(FilesTest, AFullOrReadOnlyDiskLeavesTheSettingsThatWereSaved) {
     DeleteFileA(path.c_str());
     hge_->System_SetState(HGE_INIFILE, "full.ini");
     hge_->Ini_SetString("best", "player", "1200");
-    std::string saved = Read(path);
+    std::string saved = test::FileText(path);
     for (long long room : {0LL, 5LL, 20LL}) {
         fault_seams::LimitDisk(room);
         hge_->Ini_SetString("best", "player", "1300 and some more than before");
-        EXPECT_EQ(Read(path), saved) << room;
+        EXPECT_EQ(test::FileText(path), saved) << room;
         EXPECT_STREQ(hge_->Ini_GetString("best", "player", ""), "1200");
-        EXPECT_EQ(FilesLike("full.ini*"), 1);
+        EXPECT_EQ(FilesLike("full.ini*"), 1u);
     }
     fault_seams::LimitDisk(-1);
     SetFileAttributesA(path.c_str(), FILE_ATTRIBUTE_READONLY);
     hge_->Ini_SetString("best", "player", "1400");
-    EXPECT_EQ(Read(path), saved);
+    EXPECT_EQ(test::FileText(path), saved);
     EXPECT_THAT(LogText(), HasSubstr("cannot write ini file \"" + path + "\": "));
     SetFileAttributesA(path.c_str(), FILE_ATTRIBUTE_NORMAL);
     hge_->Ini_SetString("best", "player", "1400");
@@ -86,7 +76,7 @@ TEST_F(FilesTest, ALogThatCannotBeWrittenStopsNothing) {
 }
 
 TEST_F(FilesTest, APackThatIsCutOrReplacedWhileAttachedSaysSo) {
-    std::string path = Path("changed.zip"), whole = Read(Path(TEST_DATA "faults.zip"));
+    std::string path = Path("changed.zip"), whole = test::FileText(Path(TEST_DATA "faults.zip"));
     std::ofstream(path, std::ios::binary) << whole;
     ASSERT_TRUE(hge_->Resource_AttachPack("changed.zip"));
     void* before = hge_->Resource_Load("picture.png");
