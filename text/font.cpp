@@ -265,8 +265,7 @@ float GfxFont::GetWidthFromCharacter(wchar_t c, bool exact) {
 }
 
 void GfxFont::CacheCharacter(unsigned int index, wchar_t c) {
-    if (index < font_count && !m_glyphs[index].tex && m_font)
-        Safely("a glyph", [&] { Rasterise(index, c); });
+    if (index < font_count && !m_glyphs[index].tex && m_font) Safely("a glyph", [&] { Rasterise(index, c); });
 }
 
 void GfxFont::Rasterise(unsigned int index, wchar_t c) {

@@ -88,6 +88,9 @@ class Game : public INotifyMsg {
             delete back;
         delete engine;
         delete sink;
+        // The quit messages of this life.
+        for (MSG message; PeekMessageA(&message, nullptr, 0, 0, PM_REMOVE);) {
+        }
         hgeCounters counters;
         EXPECT_EQ(hgeGetCounters(&counters), leaves_fonts) << counters.references << " references are left";
         for (HGE* hge = hgeCreate(HGE_VERSION); hgeGetCounters(&counters);)
@@ -179,6 +182,7 @@ class Game : public INotifyMsg {
         if (!window || step_ >= 3 * count)
             return PostThreadMessageA(GetCurrentThreadId(), WM_QUIT, 0, 0), void();
         const auto& doing = doings[step_++ % count];
+        if (doing.message == WM_KEYDOWN && handle) Engine()->GetGui()->SetFocus(handle->id);
         PostMessageA(window, doing.message, doing.wparam, MAKELPARAM(doing.x, doing.y));
         scenes.update_scene(0.01f);
         if (step_ % 5 == 0) scenes.switch_scene(&scene[step_ / 5 % 2]);
@@ -292,16 +296,9 @@ void EndTraining(Game& game) {
     Engine()->stop_game_time();
 }
 
-const std::set<std::string>& EveryCallback() {
-    static const std::set<std::string> all = [] {
-        Game game("", [](Game&) {});
-        return game.Play();
-    }();
-    return all;
-}
-
 TEST(Callbacks, AreAllReached) {
-    EXPECT_THAT(EveryCallback(),
+    Game game("", [](Game&) {});
+    EXPECT_THAT(game.Play(),
                 testing::UnorderedElementsAre(
                     "OnInit", "OnFrame", "OnRender", "OnRenderTarget", "OnRenderTarget1", "OnLButtonDown",
                     "OnLButtonUp", "OnRButtonDown", "OnRButtonUp", "OnMouseMove", "OnNotify 1", "OnNotify 32",
@@ -334,7 +331,10 @@ TEST(Callbacks, MayEndTheProgram) {
         [](Game&) { Engine()->GetHge()->System_Shutdown(); },
         [](Game&) { DestroyWindow(Engine()->GetHge()->System_GetState(HGE_HWND)); }};
     int life = 0;
-    for (const std::string& callback : EveryCallback()) {
+    for (const char* callback :
+         {"OnInit", "OnFrame", "OnRender", "OnRenderTarget", "OnRenderTarget1", "OnLButtonDown", "OnNotify 1",
+          "OnNotify 256", "Scene::update", "Scene::render", "Handle::Update", "Handle::Render",
+          "Handle::Focus", "Handle::MouseLButton"}) {
         SCOPED_TRACE(callback);
         Game game(callback, endings[life++ % 2]);
         EXPECT_THAT(game.Play(), testing::Contains(callback));

@@ -111,6 +111,9 @@ TEST_F(DeviceTest, ARemovedDeviceComesBackWithEverything) {
 }
 
 TEST_F(DeviceTest, WithoutComPicturesAreRefusedWithTheReasonAndMoviesShowNothing) {
+    // The missing control is told once for each manager.
+    FlashManager::CreatFlashManager(hge_);
+    FlashManager::DestroyFlashManager();
     fault_seams::FailCom(REGDB_E_CLASSNOTREG);
     EXPECT_EQ(hge_->Texture_Load("picture.png"), 0u);
     EXPECT_THAT(hge_->System_GetErrorMessage(), HasSubstr("picture.png"));
