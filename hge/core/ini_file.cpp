@@ -109,7 +109,7 @@ bool IniFile::Store(const char* section, const char* name, const std::string& va
     if (text.rfind("\xFF\xFE", 0) == 0) return StoreInUtf16(section, name, value, reason);
     SetIniValue(&text, section, name, value);
     bool same = exists && text.size() == old.size && std::memcmp(text.data(), old.bytes.get(), old.size) == 0;
-    return same || WriteWholeFile(path_, text.data(), text.size(), reason);
+    return same || WriteWholeFile(path_, text.data(), text.size(), Flush::kNo, reason);
 }
 
 template <class T>

@@ -25,18 +25,18 @@ class TemporaryFile {
     TemporaryFile(const TemporaryFile&) = delete;
     TemporaryFile& operator=(const TemporaryFile&) = delete;
 
-    bool Write(const void* bytes, size_t size) {
+    bool Write(const void* bytes, size_t size, Flush flush) {
         DWORD written = 0;
         return file_ != INVALID_HANDLE_VALUE &&
                WriteFile(file_, bytes, static_cast<DWORD>(size), &written, nullptr) && written == size &&
-               FlushFileBuffers(file_);
+               (flush == Flush::kNo || FlushFileBuffers(file_));
     }
 
-    bool MoveTo(const std::string& path) {
+    bool MoveTo(const std::string& path, Flush flush) {
         CloseHandle(file_);
         file_ = INVALID_HANDLE_VALUE;
-        if (MoveFileExA(path_.c_str(), path.c_str(), MOVEFILE_REPLACE_EXISTING | MOVEFILE_WRITE_THROUGH))
-            return true;
+        DWORD flags = MOVEFILE_REPLACE_EXISTING | (flush == Flush::kYes ? MOVEFILE_WRITE_THROUGH : 0);
+        if (MoveFileExA(path_.c_str(), path.c_str(), flags)) return true;
         DWORD error = GetLastError();
         DeleteFileA(path_.c_str());
         SetLastError(error);
@@ -50,9 +50,10 @@ class TemporaryFile {
 
 }  // namespace
 
-bool WriteWholeFile(const std::string& path, const void* bytes, size_t size, std::string* reason) {
+bool WriteWholeFile(const std::string& path, const void* bytes, size_t size, Flush flush,
+                    std::string* reason) {
     TemporaryFile file(path);
-    if (file.Write(bytes, size) && file.MoveTo(path)) return true;
+    if (file.Write(bytes, size, flush) && file.MoveTo(path, flush)) return true;
     *reason = Win32ErrorText(GetLastError());
     return false;
 }

@@ -76,7 +76,7 @@ bool WriteImage(const std::string& path, const Image& image, std::string* reason
         bytes = EncodePng(image, reason);
     else
         *reason = "the format \"" + extension + "\" is not supported: use .bmp or .png";
-    return !bytes.empty() && WriteWholeFile(path, bytes.data(), bytes.size(), reason);
+    return !bytes.empty() && WriteWholeFile(path, bytes.data(), bytes.size(), Flush::kYes, reason);
 }
 
 }  // namespace hge

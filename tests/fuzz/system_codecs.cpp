@@ -73,7 +73,7 @@ std::vector<uint8_t> EncodePng(const Image&, std::string*) {
     return {};
 }
 
-bool WriteWholeFile(const std::string&, const void*, size_t, std::string*) {
+bool WriteWholeFile(const std::string&, const void*, size_t, Flush, std::string*) {
     return false;
 }
 
