@@ -9,7 +9,7 @@ if(NOT version MATCHES "version 14\\.")
 endif()
 
 set(files)
-foreach(folder engine examples flash gui hge include resources scenes scripts tests text)
+foreach(folder benchmarks engine examples flash gui hge include resources scenes scripts tests text)
     file(GLOB_RECURSE found ${SOURCE}/${folder}/*.cpp ${SOURCE}/${folder}/*.h)
     list(APPEND files ${found})
 endforeach()

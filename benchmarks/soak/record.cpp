@@ -18,23 +18,12 @@ constexpr size_t kFewestRests = 8;
 // Wine's sound engine leaves its thread and two events behind.
 constexpr long kHandlesOfLostSound = 3;
 
-// Lines that such a run has to bring: what is missing on purpose, handles that went first, and the life of
-// the engine.
 // What such a run has to bring: the life of the engine, and what is missing or goes first on purpose.
-const char* const kExpectedInLog[] = {"HGE ",
-                                      "graphics: Direct3D",
-                                      "sound: ",
-                                      "running: ",
-                                      "finished",
-                                      // Of labels, by SetFont; with their glyphs, and the packs' pictures.
-                                      "shutdown: still alive in the kit: 2 fonts",
-                                      "shutdown: still alive: ",
-                                      "snapshot written",
-                                      "attached: ",
-                                      "cannot load \"",
-                                      "effect \"",
-                                      "which is no texture",
-                                      "is no texture, or a target's"};
+const char* const kExpectedInLog[] = {
+    "HGE ", "graphics: Direct3D", "sound: ", "running: ", "finished",
+    // Of labels, by SetFont; with their glyphs, and the packs' pictures.
+    "shutdown: still alive in the kit: 2 fonts", "shutdown: still alive: ", "snapshot written",
+    "attached: ", "cannot load \"", "effect \"", "which is no texture", "is no texture, or a target's"};
 
 long Median(std::vector<long> values) {
     auto middle = values.begin() + static_cast<long>(values.size() / 2);

@@ -3,7 +3,7 @@
 # A Wine named by WINE comes first, then a system Wine that runs 32-bit programs, then one of our own in the cache.
 
 wine_recipe=1
-prefix_recipe=3
+prefix_recipe=4
 
 wine_root=$cache/wine/root
 wine_choice=$cache/wine/choice

@@ -143,7 +143,8 @@ TEST(DdsTest, MasksOfAnyShapeAndCutFiles) {
     small.pop_back();
     EXPECT_EQ(decode(small), Pixels());
     EXPECT_EQ(g_reason, "the file is cut off");
-    EXPECT_EQ(decode(MakeDds(0x20000, "\0\0\0\0", 8, {0xFF000000, 0, 0, 0}, 2)), (Pixels{0xFF101010, 0xFF111111}));
+    EXPECT_EQ(decode(MakeDds(0x20000, "\0\0\0\0", 8, {0xFF000000, 0, 0, 0}, 2)),
+              (Pixels{0xFF101010, 0xFF111111}));
     EXPECT_EQ(decode(MakeDds(4, "BC7U", 0, {}, 16)), Pixels());
     EXPECT_EQ(g_reason, "its DDS pixel format is not supported");
 }
