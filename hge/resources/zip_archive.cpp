@@ -87,6 +87,7 @@ class Inflater {
     Inflater(const Inflater&) = delete;
     Inflater& operator=(const Inflater&) = delete;
 
+    bool no_memory() const { return no_memory_; }
     // True when the packed bytes give exactly the block's size.
     bool Run(PackedStream& packed, Block& block) {
         std::vector<uint8_t> chunk(std::min<size_t>(kChunk, packed.left()));
@@ -100,17 +101,23 @@ class Inflater {
             stream_.avail_in = static_cast<uInt>(count);
             state = inflate(&stream_, Z_NO_FLUSH);
         }
+        no_memory_ = state == Z_MEM_ERROR;
         return state == Z_STREAM_END && stream_.avail_out == 0;
     }
 
  private:
     z_stream stream_{};
     bool ready_ = false;
+    bool no_memory_ = false;
 };
 
-bool Unpack(const ZipEntry& entry, PackedStream& packed, Block& block) {
-    if (entry.method == kStored) return packed.Read(block.bytes.get(), block.size);
-    return Inflater().Run(packed, block);
+// Null, or why not.
+const char* Unpack(const ZipEntry& entry, PackedStream& packed, Block& block) {
+    static constexpr char kDamaged[] = "its compressed data is damaged";
+    if (entry.method == kStored) return packed.Read(block.bytes.get(), block.size) ? nullptr : kDamaged;
+    Inflater inflater;
+    if (inflater.Run(packed, block)) return nullptr;
+    return inflater.no_memory() ? "too large for the memory" : kDamaged;
 }
 
 Block Failure(std::string* reason, const char* text) {
@@ -168,7 +175,7 @@ Block ZipArchive::Read(const ZipEntry& entry, const std::string& password, std::
 
     Block block = Block::Allocate(entry.size);
     if (!block.bytes) return Failure(reason, "too large for the memory");
-    if (!Unpack(entry, packed, block)) return Failure(reason, "its compressed data is damaged");
+    if (const char* trouble = Unpack(entry, packed, block)) return Failure(reason, trouble);
     if (crc32(0, block.bytes.get(), block.size) != entry.crc) return Failure(reason, "CRC mismatch");
     return block;
 }

@@ -47,8 +47,15 @@ wait_for() {
     done
 }
 
-# end_program: Escape, then a clean end with code 0.
+# end_program: Escape, then a clean end with code 0, with nothing left but the pictures of packs, the targets and
+# the sprite of an effect, and fonts that controls made.
 end_program() {
     xdotool key Escape
     wait "$program" || fail "the program ended with code $?"
+    local kit framework
+    kit=$(sed -n 's/.*shutdown: still alive in the kit: //p' game.log | tr -d '\r')
+    framework=$(sed -n 's/.*shutdown: still alive: //p' game.log | tr -d '\r')
+    [[ $kit =~ ^(nothing|1 sprite(, [0-9]+ fonts)?)$ ]] || fail "the kit still holds: $kit"
+    [[ ", $framework" =~ ^(, (nothing|[0-9]+ (texture|target|resource block|pack)s?))+$ ]] ||
+        fail "the framework still holds: $framework"
 }

@@ -1,8 +1,11 @@
 #include "support/framework_fixture.h"
 
+#include <gmock/gmock.h>
+
 #include "support/files.h"
 
 HGE* FrameworkTest::hge_ = nullptr;
+const char* FrameworkTest::may_leave_ = "nothing";
 
 namespace {
 
@@ -21,6 +24,10 @@ void FrameworkTest::SetUpTestSuite() {
 
 void FrameworkTest::TearDownTestSuite() {
     hge_->System_Shutdown();
+    std::string log = LogText();
+    EXPECT_THAT(log.substr(log.rfind("shutdown: ")),
+                testing::ContainsRegex(std::string("^shutdown: still alive: ") + may_leave_));
+    may_leave_ = "nothing";
     hge_->Release();
 }
 

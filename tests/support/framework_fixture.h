@@ -22,4 +22,6 @@ class FrameworkTest : public testing::Test {
     static std::string LogText();
 
     static HGE* hge_;
+    // What a suite may leave alive at the end, as a regular expression: nothing, unless it says so.
+    static const char* may_leave_;
 };

@@ -51,6 +51,10 @@ RunningHge::RunningHge() : hge(hgeCreate(HGE_VERSION)) {
 RunningHge::~RunningHge() {
     Release();
     g_running = nullptr;
+    std::string log = ReadLog();
+    if (log.find("shutdown: ") != log.npos) {
+        EXPECT_NE(log.find("shutdown: still alive: nothing"), log.npos) << log;
+    }
 }
 
 void RunningHge::Release() {
