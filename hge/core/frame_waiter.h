@@ -21,10 +21,17 @@ class FrameWaiter {
     void WaitUntil(int64_t tick);
 
  private:
+    enum Way { kTimer, kDelay, kWays };
+
     void Sleep(int64_t ticks);
+    Way Closest() const;
+    void SleepOn(Way way, int64_t ticks);
 
     HANDLE timer_;
     bool raised_period_ = false;
+    // How late each way woke up in its first tries, in ticks together.
+    int tries_[kWays] = {};
+    int64_t late_[kWays] = {};
 };
 
 }  // namespace hge

@@ -22,6 +22,11 @@ D3D11_INPUT_ELEMENT_DESC Element(const char* name, UINT index, DXGI_FORMAT forma
     return {name, index, format, 0, offset, D3D11_INPUT_PER_VERTEX_DATA, 0};
 }
 
+bool RefusedShaders(Log& log) {
+    log.Fail("graphics: the device refuses the shaders");
+    return false;
+}
+
 }  // namespace
 
 bool Pipeline::Create(const Device& device, Log& log) {
@@ -37,26 +42,35 @@ void Pipeline::Destroy() {
 }
 
 bool Pipeline::CreateShaders(const Device& device, Log& log) {
-    ComPtr<ID3DBlob> corner = Compile("PlaceCorner", "vs_4_0", log);
-    ComPtr<ID3DBlob> straight = Compile("ShadeStraight", "ps_4_0", log);
-    ComPtr<ID3DBlob> premultiplied = Compile("ShadePremultiplied", "ps_4_0", log);
-    if (!corner || !straight || !premultiplied) return false;
+    static const char* const kEntries[2][2] = {{"TintStraight", "TintOrAddStraight"},
+                                               {"TintPremultiplied", "TintOrAddPremultiplied"}};
+    if (!CreateVertexShader(device, log)) return false;
+    for (int premultiplied : {0, 1})
+        for (int adds_color : {0, 1}) {
+            ComPtr<ID3DBlob> code = Compile(kEntries[premultiplied][adds_color], "ps_4_0", log);
+            if (!code) return false;
+            ID3D11PixelShader** shader = pixel_shaders_[premultiplied][adds_color].Put();
+            if (FAILED(device->CreatePixelShader(code->GetBufferPointer(), code->GetBufferSize(), nullptr,
+                                                 shader)))
+                return RefusedShaders(log);
+        }
+    return true;
+}
+
+bool Pipeline::CreateVertexShader(const Device& device, Log& log) {
+    ComPtr<ID3DBlob> code = Compile("PlaceCorner", "vs_4_0", log);
+    if (!code) return false;
     const D3D11_INPUT_ELEMENT_DESC elements[] = {
         Element("POSITION", 0, DXGI_FORMAT_R32G32B32_FLOAT, offsetof(DeviceVertex, x)),
         Element("COLOR", 0, DXGI_FORMAT_R8G8B8A8_UNORM, offsetof(DeviceVertex, color)),
         Element("TEXCOORD", 0, DXGI_FORMAT_R32G32_FLOAT, offsetof(DeviceVertex, u)),
         Element("TEXCOORD", 1, DXGI_FORMAT_R8G8B8A8_UNORM, offsetof(DeviceVertex, mode))};
-    auto code = [](const ComPtr<ID3DBlob>& blob) { return blob->GetBufferPointer(); };
-    auto size = [](const ComPtr<ID3DBlob>& blob) { return blob->GetBufferSize(); };
-    if (SUCCEEDED(device->CreateVertexShader(code(corner), size(corner), nullptr, vertex_shader_.Put())) &&
-        SUCCEEDED(device->CreatePixelShader(code(straight), size(straight), nullptr, straight_.Put())) &&
-        SUCCEEDED(device->CreatePixelShader(code(premultiplied), size(premultiplied), nullptr,
-                                            premultiplied_.Put())) &&
-        SUCCEEDED(device->CreateInputLayout(elements, std::size(elements), code(corner), size(corner),
-                                            layout_.Put())))
-        return true;
-    log.Fail("graphics: the device refuses the shaders");
-    return false;
+    const void* bytes = code->GetBufferPointer();
+    const SIZE_T size = code->GetBufferSize();
+    return (SUCCEEDED(device->CreateVertexShader(bytes, size, nullptr, vertex_shader_.Put())) &&
+            SUCCEEDED(
+                device->CreateInputLayout(elements, std::size(elements), bytes, size, layout_.Put()))) ||
+           RefusedShaders(log);
 }
 
 bool Pipeline::CreateStates(const Device& device) {
@@ -149,10 +163,10 @@ ID3D11SamplerState* Pipeline::Sampler(const TextureSource& source, bool filter) 
     return samplers_[filter][source.wrap][source.mipmaps].Get();
 }
 
-void Pipeline::SetSource(const Device& device, const TextureSource& source, bool filter) {
+void Pipeline::SetSource(const Device& device, const TextureSource& source, bool filter, bool adds_color) {
     ID3D11ShaderResourceView* view = source.view.Get();
     ID3D11SamplerState* sampler = Sampler(source, filter);
-    device.context()->PSSetShader(source.premultiplied ? premultiplied_.Get() : straight_.Get(), nullptr, 0);
+    device.context()->PSSetShader(pixel_shaders_[source.premultiplied][adds_color].Get(), nullptr, 0);
     device.context()->PSSetShaderResources(0, 1, &view);
     device.context()->PSSetSamplers(0, 1, &sampler);
 }

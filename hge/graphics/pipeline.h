@@ -16,7 +16,8 @@ class Pipeline {
     void Bind(const Device& device);
     void SetSurface(const Device& device, const Surface& surface);
     void SetClip(const Device& device, const Box& clip);
-    void SetSource(const Device& device, const TextureSource& source, bool filter);
+    // adds_color: some of the quads add their colour to the texture's.
+    void SetSource(const Device& device, const TextureSource& source, bool filter, bool adds_color);
     // How an effect, whose shader and textures are set already, samples and blends; until EndEffect.
     void SetEffectSources(const Device& device, const TextureSource& first, const TextureSource& second,
                           bool filter, bool add);
@@ -26,6 +27,7 @@ class Pipeline {
 
  private:
     bool CreateShaders(const Device& device, Log& log);
+    bool CreateVertexShader(const Device& device, Log& log);
     bool CreateStates(const Device& device);
     bool CreateSamplers(const Device& device);
     ID3D11SamplerState* Sampler(const TextureSource& source, bool filter) const;
@@ -33,8 +35,7 @@ class Pipeline {
     enum { kNoDepth, kTestDepth, kWriteDepth, kDepthStates };
 
     ComPtr<ID3D11VertexShader> vertex_shader_;
-    ComPtr<ID3D11PixelShader> straight_;
-    ComPtr<ID3D11PixelShader> premultiplied_;
+    ComPtr<ID3D11PixelShader> pixel_shaders_[2][2];  // premultiplied, adds colour
     ComPtr<ID3D11InputLayout> layout_;
     ComPtr<ID3D11Buffer> constants_;
     ComPtr<ID3D11BlendState> blend_;

@@ -37,15 +37,6 @@ uint32_t Average(const uint32_t (&colors)[4]) {
     return average;
 }
 
-void AppendRow(const PixelShadow& shadow, int y, const Box& box, std::vector<uint32_t>* out) {
-    int row = std::clamp(y, 0, shadow.height() - 1);
-    int from = std::max(box.left, 0);
-    int to = std::min(box.right, shadow.width());
-    if (box.left < 0) out->push_back(*shadow.Pixel(0, row));
-    out->insert(out->end(), shadow.Pixel(from, row), shadow.Pixel(from, row) + (to - from));
-    if (box.right > shadow.width()) out->push_back(*shadow.Pixel(shadow.width() - 1, row));
-}
-
 }  // namespace
 
 PixelShadow Halved(const PixelShadow& shadow) {
@@ -61,18 +52,6 @@ PixelShadow Halved(const PixelShadow& shadow) {
                                       *shadow.Pixel(2 * x, below), *shadow.Pixel(right, below)}));
         }
     return {width, height, std::move(pixels)};
-}
-
-void MakeAtlasUpload(const PixelShadow& shadow, const Box& changed, AtlasUpload* upload) {
-    Box box = changed;
-    if (box.left == 0) box.left = -1;
-    if (box.top == 0) box.top = -1;
-    if (box.right == shadow.width()) ++box.right;
-    if (box.bottom == shadow.height()) ++box.bottom;
-    upload->pixels.clear();
-    for (int y = box.top; y < box.bottom; ++y)
-        AppendRow(shadow, y, box, &upload->pixels);
-    upload->box = {box.left + 1, box.top + 1, box.right + 1, box.bottom + 1};
 }
 
 }  // namespace hge

@@ -39,13 +39,4 @@ class PixelShadow {
 // A picture of half the size, at least one pixel a side; colours count by their alpha.
 PixelShadow Halved(const PixelShadow& shadow);
 
-// Pixels on their way into an atlas entry, whose corner is the texture's pixel (-1, -1).
-struct AtlasUpload {
-    Box box;  // within the entry
-    std::vector<uint32_t> pixels;
-};
-
-// The changed pixels, with those of the one-pixel gutter that repeat them.
-void MakeAtlasUpload(const PixelShadow& shadow, const Box& changed, AtlasUpload* upload);
-
 }  // namespace hge

@@ -20,6 +20,7 @@ class QuadStream {
     void Open(const TextureSource* source, int blend, DeviceVertex* room, int quads) {
         source_ = source;
         depth_ = blend & depth_bit_;
+        blends_ = 0;
         first_ = next_ = room;
         end_ = room + 4 * quads;
     }
@@ -37,6 +38,7 @@ class QuadStream {
     // What the quads of the open batch share, or of the last one.
     const TextureSource* source() const { return source_; }
     bool writes_depth() const { return depth_ != 0; }
+    bool adds_color() const { return quad_detail::kModes[blends_ & 3] & kModeColorAdd; }
     bool Takes(const TextureSource* source, int blend) const {
         return next_ != end_ && source == source_ && SameDepth(blend);
     }
@@ -44,6 +46,7 @@ class QuadStream {
     void Write(const Vertex* corners, TextureRecord& texture, int blend) {
         WriteQuad(corners, texture.placement, blend, next_);
         next_ += 4;
+        blends_ |= blend;
         texture.batch = batch_;
     }
 
@@ -70,6 +73,7 @@ class QuadStream {
     uint32_t batch_ = 1;
     int depth_bit_ = 0;
     int depth_ = 0;
+    int blends_ = 0;  // of all quads of the batch
     bool transformed_ = false;
 };
 

@@ -85,8 +85,9 @@ void Scene::Clear(uint32_t color) {
 }
 
 void Scene::Flush() {
+    textures_.SendWaiting();
     if (!stream_.pending()) return;
-    pipeline_.SetSource(device_, *stream_.source(), filter_);
+    pipeline_.SetSource(device_, *stream_.source(), filter_, stream_.adds_color());
     pipeline_.SetDepth(device_, stream_.writes_depth());
     int quads = stream_.Close();
     ring_.Draw(device_, quads);
@@ -184,6 +185,7 @@ void Scene::QuadThroughEffect(const Vertex* corners, uint32_t first, uint32_t se
     EffectInput inputs[2];
     bool tiled = kind == QuadKind::kTiled;
     if (!MakeInput(first, tiled, &inputs[0]) || !MakeInput(second, tiled, &inputs[1])) return;
+    textures_.SendWaiting();
     DeviceVertex* room = ring_.Map(device_);
     if (!room) return RefuseRoom();
     WriteQuad(moved, Placement(), 0, room);

@@ -65,11 +65,10 @@ void SwapChain::Destroy() {
 }
 
 // Presenting while the last frame is still being drawn keeps a core busy in some drivers; sleeping does not.
+// It would cost light frames more than it saves.
 void SwapChain::AwaitLastFrame(const Device& device) {
-    if (!frame_pending_) return;
-    frame_pending_ = false;
-    LONGLONG start = Now();
-    if (start - last_present_ <= Milliseconds(4)) return;
+    if (!frame_pending_ || !slow_) return;
+    const LONGLONG start = Now();
     while (device.context()->GetData(frame_done_.Get(), nullptr, 0, 0) == S_FALSE) {
         if (Now() - start > Milliseconds(500)) return;
         Sleep(1);
@@ -78,7 +77,11 @@ void SwapChain::AwaitLastFrame(const Device& device) {
 
 SwapChain::Shown SwapChain::Present(const Device& device, bool vsync) {
     AwaitLastFrame(device);
-    last_present_ = Now();
+    frame_pending_ = false;
+    // From one to the next with the waits between: what a frame takes that waited and what one that did not.
+    const LONGLONG now = Now();
+    slow_ = now - last_present_ > Milliseconds(4);
+    last_present_ = now;
     HRESULT result = chain_->Present(vsync ? 1 : 0, 0);
     if (result == DXGI_ERROR_DEVICE_REMOVED || result == DXGI_ERROR_DEVICE_RESET ||
         result == DXGI_ERROR_DEVICE_HUNG)

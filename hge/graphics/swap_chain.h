@@ -28,6 +28,7 @@ class SwapChain {
     ComPtr<ID3D11Query> frame_done_;
     Surface surface_;
     bool frame_pending_ = false;
+    bool slow_ = false;  // the frames take longer than a few milliseconds
     LONGLONG last_present_ = 0;
 };
 

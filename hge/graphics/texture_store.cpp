@@ -40,6 +40,7 @@ bool TextureStore::Start() {
 }
 
 void TextureStore::Stop() {
+    DropWaiting();
     textures_.Clear();
     stream_.textures().Clear();
     atlas_ = Atlas(kPageSize, kMaxPages);
@@ -48,6 +49,7 @@ void TextureStore::Stop() {
 }
 
 bool TextureStore::Restore() {
+    DropWaiting();
     pages_ = {};
     slices_ = 0;
     bool whole = GrowPages(atlas_.pages());
@@ -135,6 +137,8 @@ uint32_t* TextureStore::Lock(uint32_t id, bool read_only, int left, int top, int
         log_.WriteOnce("lock twice", "Texture_Lock: the texture is locked already");
         return nullptr;
     }
+    // Quads that were drawn already show what it is now.
+    if (!read_only && IsWaiting(*texture)) SendWaiting();
     uint32_t* pixels = texture->shadow.Lock(read_only, left, top, width, height);
     if (!pixels)
         log_.WriteOnce("lock outside",
@@ -184,6 +188,7 @@ bool TextureStore::PlaceInAtlas(Texture& texture) {
 
 void TextureStore::LeaveAtlas(Texture& texture) {
     if (!texture.in_atlas) return;
+    if (IsWaiting(texture)) SendWaiting();
     atlas_.Free(texture.slot);
     texture.in_atlas = false;
     RecordOf(texture).placement = {};
@@ -277,15 +282,34 @@ void TextureStore::Stream(const Texture& texture) {
     CountUpload(texture.whole());
 }
 
-void TextureStore::UploadToAtlas(const Texture& texture) {
-    MakeAtlasUpload(texture.shadow, texture.dirty, &staging_);
-    const Box& box = staging_.box;
-    auto left = static_cast<UINT>(texture.slot.x + box.left);
-    auto top = static_cast<UINT>(texture.slot.y + box.top);
-    auto width = static_cast<UINT>(box.width());
-    D3D11_BOX where{left, top, 0, left + width, top + static_cast<UINT>(box.height()), 1};
-    device_.context()->UpdateSubresource(pages_.texture.Get(), static_cast<UINT>(texture.slot.page), &where,
-                                         staging_.pixels.data(), width * 4, 0);
+void TextureStore::UploadToAtlas(Texture& texture) {
+    if (texture.dirty == texture.whole()) {
+        if (IsWaiting(texture)) return;
+        waiting_.Add(texture.slot, texture.shadow);
+        texture.waiting = round_;
+    } else {
+        MakeAtlasUpload(texture.shadow, texture.dirty, texture.slot, &staging_);
+        SendToPage(texture.slot.page, staging_);
+    }
+}
+
+void TextureStore::SendWaiting() {
+    if (waiting_.empty()) return;
+    waiting_.Send([this](int page, const AtlasUpload& upload) { SendToPage(page, upload); });
+    ++round_;
+}
+
+void TextureStore::DropWaiting() {
+    waiting_.Clear();
+    ++round_;
+}
+
+void TextureStore::SendToPage(int page, const AtlasUpload& upload) {
+    const Box& box = upload.box;
+    const D3D11_BOX where{static_cast<UINT>(box.left),  static_cast<UINT>(box.top),    0,
+                          static_cast<UINT>(box.right), static_cast<UINT>(box.bottom), 1};
+    device_.context()->UpdateSubresource(pages_.texture.Get(), static_cast<UINT>(page), &where,
+                                         upload.pixels.data(), static_cast<UINT>(box.width()) * 4, 0);
     CountUpload(box);
 }
 

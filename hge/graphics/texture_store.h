@@ -4,6 +4,7 @@
 
 #include "core/handle_table.h"
 #include "graphics/atlas.h"
+#include "graphics/atlas_uploads.h"
 #include "graphics/device.h"
 #include "graphics/pixel_shadow.h"
 #include "graphics/quad_stream.h"
@@ -22,6 +23,7 @@ struct Texture {
     PixelShadow shadow;
     uint32_t upload_frame = 0;
     int frames_rewritten = 0;  // shortly one after the other
+    uint32_t waiting = 0;      // the round of uploads that it waits for
 
     Box whole() const { return {0, 0, width, height}; }
 };
@@ -53,7 +55,9 @@ class TextureStore {
     void Unlock(uint32_t id);
 
     // What to draw the texture from, its pixels up to date; null when the device refuses.
+    // Small new ones wait for SendWaiting, which must come before the draw call.
     const TextureSource* Prepare(Texture& texture, bool tiled);
+    void SendWaiting();
     void NextFrame() { ++frame_; }
 
     size_t size() const { return textures_.size(); }
@@ -76,7 +80,10 @@ class TextureStore {
     void StreamIfOften(Texture& texture);
     void FlushIfPending(const Texture& texture);
     void Upload(Texture& texture);
-    void UploadToAtlas(const Texture& texture);
+    void UploadToAtlas(Texture& texture);
+    void DropWaiting();
+    void SendToPage(int page, const AtlasUpload& upload);
+    bool IsWaiting(const Texture& texture) const { return texture.waiting == round_; }
     void UploadAlone(const Texture& texture);
     void Stream(const Texture& texture);
     void SendLevel(const Texture& texture, UINT level, const PixelShadow& pixels, const Box& box);
@@ -91,6 +98,8 @@ class TextureStore {
     Atlas atlas_;
     TextureSource pages_;
     int slices_ = 0;
+    AtlasUploads waiting_;
+    uint32_t round_ = 1;
     AtlasUpload staging_;
     uint32_t frame_ = 100;  // so that a texture never sent was not sent shortly before
     DWORD uploads_ = 0;

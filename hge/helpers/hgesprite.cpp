@@ -1,7 +1,19 @@
 #include "hgesprite.h"
 
+#include <emmintrin.h>
+
 #include <cmath>
 #include <utility>
+
+namespace {
+
+// In one piece, as the renderer reads it: it would wait for two.
+void MoveTo(hgeVertex* corner, float x, float y) {
+    const __m128 xy = _mm_unpacklo_ps(_mm_set_ss(x), _mm_set_ss(y));
+    _mm_storeu_ps(&corner->x, _mm_loadh_pi(xy, reinterpret_cast<const __m64*>(&corner->z)));
+}
+
+}  // namespace
 
 hgeSprite::hgeSprite(HTEXTURE tex, float x, float y, float w, float h, HTEXTURE tex2)
     : hge(hgeCreate(HGE_VERSION)),
@@ -74,14 +86,10 @@ void hgeSprite::RenderStretch(float x1, float y1, float x2, float y2) {
 }
 
 void hgeSprite::Render4V(float x0, float y0, float x1, float y1, float x2, float y2, float x3, float y3) {
-    quad.v[0].x = x0;
-    quad.v[0].y = y0;
-    quad.v[1].x = x1;
-    quad.v[1].y = y1;
-    quad.v[2].x = x2;
-    quad.v[2].y = y2;
-    quad.v[3].x = x3;
-    quad.v[3].y = y3;
+    MoveTo(&quad.v[0], x0, y0);
+    MoveTo(&quad.v[1], x1, y1);
+    MoveTo(&quad.v[2], x2, y2);
+    MoveTo(&quad.v[3], x3, y3);
     Draw();
 }
 
@@ -96,6 +104,10 @@ void hgeSprite::SetTexture(HTEXTURE tex) {
 }
 
 void hgeSprite::SetTextureRect(float x, float y, float w, float h, bool adjSize) {
+    // Buttons set the rectangle of their state in every frame.
+    if (x == tx && y == ty && w == rect_width && h == rect_height &&
+        !(adjSize && (w != width || h != height)))
+        return;
     tx = x;
     ty = y;
     rect_width = w;

@@ -5,7 +5,10 @@
 #include <cmath>
 #include <cstring>
 #include <limits>
+#include <utility>
+#include <vector>
 
+#include "graphics/atlas_uploads.h"
 #include "graphics/geometry.h"
 #include "graphics/pixel_shadow.h"
 #include "graphics/quad_stream.h"
@@ -47,15 +50,39 @@ TEST(PixelShadowTest, GivesOutOnlyAreasOfItsOwn) {
     EXPECT_FALSE(shadow.Unlock(&changed));
 }
 
-TEST(PixelShadowTest, AnUploadRepeatsTheEdgesThatItTouches) {
+TEST(AtlasUploadTest, RepeatsTheEdgesThatItTouches) {
     PixelShadow shadow(3, 2, {1, 2, 3, 4, 5, 6});
     hge::AtlasUpload upload;
-    MakeAtlasUpload(shadow, {0, 0, 3, 2}, &upload);
-    EXPECT_EQ(upload.box, (Box{0, 0, 5, 4}));
+    MakeAtlasUpload(shadow, {0, 0, 3, 2}, {0, 10, 20, 5, 4}, &upload);
+    EXPECT_EQ(upload.box, (Box{10, 20, 15, 24}));
     EXPECT_THAT(upload.pixels, ElementsAre(1, 1, 2, 3, 3, 1, 1, 2, 3, 3, 4, 4, 5, 6, 6, 4, 4, 5, 6, 6));
-    MakeAtlasUpload(shadow, {1, 1, 2, 2}, &upload);
-    EXPECT_EQ(upload.box, (Box{2, 2, 3, 4}));
+    MakeAtlasUpload(shadow, {1, 1, 2, 2}, {0, 10, 20, 5, 4}, &upload);
+    EXPECT_EQ(upload.box, (Box{12, 22, 13, 24}));
     EXPECT_THAT(upload.pixels, ElementsAre(5, 5));
+}
+
+TEST(AtlasUploadTest, NeighboursOfAShelfGoTogether) {
+    PixelShadow low(1, 1, {7}), high(1, 2, {8, 9}), large(200, 200);
+    hge::AtlasUploads uploads;
+    uploads.Add({0, 3, 0, 3, 4}, high);
+    uploads.Add({1, 6, 0, 3, 3}, low);
+    uploads.Add({0, 0, 0, 3, 3}, low);
+    uploads.Add({0, 9, 0, 3, 3}, low);
+    uploads.Add({0, 0, 4, 3, 3}, low);
+    uploads.Add({2, 0, 0, 202, 202}, large);
+    uploads.Add({2, 202, 0, 202, 202}, large);
+    std::vector<std::pair<int, Box>> sent;
+    std::vector<std::vector<uint32_t>> pixels;
+    uploads.Send([&](int page, const hge::AtlasUpload& upload) {
+        sent.push_back({page, upload.box});
+        pixels.push_back(upload.pixels);
+    });
+    EXPECT_THAT(pixels[0],
+                ElementsAre(7, 7, 7, 8, 8, 8, 7, 7, 7, 8, 8, 8, 7, 7, 7, 9, 9, 9, 0, 0, 0, 9, 9, 9));
+    EXPECT_THAT(sent, ElementsAre(std::pair(0, Box{0, 0, 6, 4}), std::pair(0, Box{9, 0, 12, 3}),
+                                  std::pair(0, Box{0, 4, 3, 7}), std::pair(1, Box{6, 0, 9, 3}),
+                                  std::pair(2, Box{0, 0, 202, 202}), std::pair(2, Box{202, 0, 404, 202})));
+    EXPECT_TRUE(uploads.empty());
 }
 
 class QuadTest : public testing::Test {
