@@ -107,6 +107,9 @@ void CGameButton::UpdateState() {
 }
 
 void CGameButton::Update(float dt) {
+    control::Fetch(m_caption);
+    control::Fetch(&m_textX);
+    control::FetchSprite(m_pSprite);
     UpdateState();
     if (m_pMouseAni && m_state & STATE_HOVER) m_pMouseAni->Update(dt);
 }

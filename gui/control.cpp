@@ -120,6 +120,14 @@ GfxFont* MakeFont(const char* face, int size, int bold, int italic, int antialia
     return font;
 }
 
+void FetchSprite(CGameSprite* sprite) {
+    constexpr size_t kLine = 64;
+    auto data = reinterpret_cast<const char*>(sprite ? sprite->GetSprite() : nullptr);
+    if (!data) return;
+    for (size_t at = 0; at < sizeof(hgeSprite); at += kLine)
+        Fetch(data + at);
+}
+
 float FrameWidth(CGameSprite* sprite, unsigned int frames) {
     return frames ? static_cast<float>(sprite->GetWidth(true) / static_cast<int>(frames)) : 0.0f;
 }

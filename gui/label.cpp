@@ -109,6 +109,11 @@ bool CGameLable::HasArea() const {
     return rect.x2 - rect.x1 != 0 || rect.y2 - rect.y1 != 0;
 }
 
+void CGameLable::Update(float /*dt*/) {
+    control::Fetch(&m_format);
+    control::FetchSprite(m_pSprite);
+}
+
 void CGameLable::Render() {
     if (!HasArea()) return;
     if (m_pSprite) m_pSprite->Render(rect.x1, rect.y1);

@@ -4,7 +4,10 @@
 
 #include <algorithm>
 #include <cstring>
+#include <memory>
+#include <new>
 
+#include "text/known_characters.h"
 #include "text/whole_characters.h"
 
 namespace code_page {
@@ -18,6 +21,15 @@ size_t WholeCharacters(unsigned int code_page, const char* text, size_t limit) {
     return WholeDoubleBytes(text, limit, is_lead_byte);
 }
 
+// Null but for what is drawn: texts in the code page of the thread that draws.
+KnownCharacters* KnownFor(unsigned int code_page) {
+    static const DWORD drawing_thread = GetCurrentThreadId();
+    static std::unique_ptr<KnownCharacters> known;
+    if (code_page != CP_THREAD_ACP || GetCurrentThreadId() != drawing_thread) return nullptr;
+    if (!known || !known->Are(code_page)) known.reset(new (std::nothrow) KnownCharacters(code_page));
+    return known.get();
+}
+
 }  // namespace
 
 void CopyText(unsigned int code_page, char* dest, size_t size, const char* text) {
@@ -28,14 +40,9 @@ void CopyText(unsigned int code_page, char* dest, size_t size, const char* text)
 }
 
 void ToWide(unsigned int code_page, const char* text, wchar_t* dest, int size) {
-    // ASCII is the same in every ANSI code page, and labels convert their texts in every frame.
-    int ascii = 0;
-    while (ascii < size && text[ascii] > 0)
-        ++ascii;
-    if (ascii < size && text[ascii] == 0)
-        std::copy_n(text, ascii + 1, dest);
-    else if (MultiByteToWideChar(code_page, 0, text, -1, dest, size) == 0)
-        dest[0] = 0;
+    KnownCharacters* known = KnownFor(code_page);
+    if (known && known->ToWide(text, dest, size)) return;
+    if (MultiByteToWideChar(code_page, 0, text, -1, dest, size) == 0) dest[0] = 0;
 }
 
 std::wstring ToWide(unsigned int code_page, const char* text) {

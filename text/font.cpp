@@ -1,5 +1,7 @@
 #include "drill2d/font.h"
 
+#include <emmintrin.h>
+
 #include <algorithm>
 #include <array>
 #include <cmath>
@@ -22,6 +24,7 @@ namespace {
 
 constexpr wchar_t kFirstFullWidth = 0x2000;
 constexpr int kPrintBytes = 10240;
+constexpr int kShortText = 512;
 constexpr MAT2 kIdentity = {{0, 1}, {0, 0}, {0, 0}, {0, 1}};
 
 constexpr std::array<BYTE, 65> MakeAlphaTable() {
@@ -105,11 +108,17 @@ void SetWhole(hgeQuad* quad) {
     quad->v[1].tx = quad->v[2].tx = quad->v[2].ty = quad->v[3].ty = 1;
 }
 
+// In one piece, as the renderer reads it: it would wait for two.
+void MoveTo(hgeVertex* corner, float x, float y) {
+    const __m128 xy = _mm_unpacklo_ps(_mm_set_ss(x), _mm_set_ss(y));
+    _mm_storeu_ps(&corner->x, _mm_loadh_pi(xy, reinterpret_cast<const __m64*>(&corner->z)));
+}
+
 void Place(hgeQuad* quad, float x, float y, float width, float height) {
-    quad->v[0].x = quad->v[3].x = x;
-    quad->v[1].x = quad->v[2].x = x + width;
-    quad->v[0].y = quad->v[1].y = y;
-    quad->v[2].y = quad->v[3].y = y + height;
+    MoveTo(&quad->v[0], x, y);
+    MoveTo(&quad->v[1], x + width, y);
+    MoveTo(&quad->v[2], x + width, y + height);
+    MoveTo(&quad->v[3], x, y + height);
 }
 
 HDC CreateMemoryDC(HWND window) {
@@ -117,6 +126,29 @@ HDC CreateMemoryDC(HWND window) {
     HDC memory_dc = CreateCompatibleDC(window_dc);
     if (window_dc) ReleaseDC(window, window_dc);
     return memory_dc;
+}
+
+// Controls print their captions through "%s", in every frame. False when it takes more than that.
+bool PrintAsIs(GfxFont* font, float x, float y, const char* format, va_list arguments) {
+    if (std::strcmp(format, "%s") != 0) return false;
+    const char* text = va_arg(arguments, const char*);
+    wchar_t wide[kShortText];
+    if (!text || strnlen(text, kShortText) == kShortText) return false;
+    code_page::ToWide(CP_THREAD_ACP, text, wide, kShortText);
+    font->Render(x, y, wide);
+    return true;
+}
+
+void PrintFormatted(GfxFont* font, float x, float y, const char* format, va_list arguments) {
+    // Buffers of the stack: printing a text again allocates nothing.
+    char text[kPrintBytes];
+    text[0] = 0;
+    int length = std::vsnprintf(text, sizeof text, format, arguments);
+    // What is too long ends with a whole character.
+    if (length >= kPrintBytes) code_page::CopyText(CP_THREAD_ACP, text, sizeof text - 1, text);
+    wchar_t wide[kPrintBytes];
+    code_page::ToWide(CP_THREAD_ACP, text, wide, kPrintBytes);
+    font->Render(x, y, wide);
 }
 
 }  // namespace
@@ -167,18 +199,13 @@ GfxFont::~GfxFont() {
 
 void GfxFont::Print(float x, float y, const char* format, ...) {
     if (!format) return;
-    // Buffers of the stack: printing a text again allocates nothing.
-    char text[kPrintBytes];
-    text[0] = 0;
     va_list arguments;
     va_start(arguments, format);
-    int length = std::vsnprintf(text, sizeof text, format, arguments);
+    va_list again;
+    va_copy(again, arguments);
+    if (!PrintAsIs(this, x, y, format, arguments)) PrintFormatted(this, x, y, format, again);
+    va_end(again);
     va_end(arguments);
-    // What is too long ends with a whole character.
-    if (length >= kPrintBytes) code_page::CopyText(CP_THREAD_ACP, text, sizeof text - 1, text);
-    wchar_t wide[kPrintBytes];
-    code_page::ToWide(CP_THREAD_ACP, text, wide, kPrintBytes);
-    Render(x, y, wide);
 }
 
 void GfxFont::Render(float x, float y, const wchar_t* text) {

@@ -1,5 +1,7 @@
 #include "hgegui.h"
 
+#include <xmmintrin.h>
+
 #include <algorithm>
 #include <utility>
 #include <vector>
@@ -36,36 +38,47 @@ hgeGUIObject::~hgeGUIObject() {
 // it is not called, and nobody is called twice.
 class hgeGUI::Walk {
  public:
-    explicit Walk(hgeGUI* owner)
-        : gui_(owner), outer_(owner->walks), ctrls_(std::move(owner->spare)), at_(0) {
-        ctrls_.clear();
-        for (hgeGUIObject* ctrl = owner->ctrls; ctrl; ctrl = ctrl->next)
-            ctrls_.push_back(ctrl);
+    explicit Walk(hgeGUI* owner) : gui_(owner), outer_(owner->walks), at_(0) {
+        owner->LineUp();
+        version_ = std::exchange(owner->row_version, 0);
+        row_ = std::move(owner->row);
         owner->walks = this;
     }
     ~Walk() {
         gui_->walks = outer_;
-        gui_->spare = std::move(ctrls_);
+        gui_->row = std::move(row_);
+        gui_->row_version = version_;
     }
     Walk(const Walk&) = delete;
     Walk& operator=(const Walk&) = delete;
 
     // Null at the end.
     hgeGUIObject* Next() {
-        while (at_ < ctrls_.size())
-            if (hgeGUIObject* ctrl = ctrls_[at_++]) return ctrl;
+        Fetch();
+        while (at_ < row_.size())
+            if (hgeGUIObject* ctrl = row_[at_++]) return ctrl;
         return nullptr;
     }
 
     static void Forget(Walk* innermost, hgeGUIObject* ctrl) {
         for (Walk* walk = innermost; walk; walk = walk->outer_)
-            std::replace(walk->ctrls_.begin(), walk->ctrls_.end(), ctrl, static_cast<hgeGUIObject*>(nullptr));
+            std::replace(walk->row_.begin(), walk->row_.end(), ctrl, static_cast<hgeGUIObject*>(nullptr));
     }
 
  private:
+    // Controls lie anywhere in memory: those that come next are on their way meanwhile.
+    void Fetch() const {
+        constexpr size_t kAhead = 8, kLine = 64;
+        if (at_ + kAhead >= row_.size()) return;
+        auto next = reinterpret_cast<const char*>(row_[at_ + kAhead]);
+        _mm_prefetch(next, _MM_HINT_T0);
+        _mm_prefetch(next + kLine, _MM_HINT_T0);
+    }
+
     hgeGUI* gui_;
     Walk* outer_;
-    std::vector<hgeGUIObject*> ctrls_;
+    std::vector<hgeGUIObject*> row_;
+    unsigned version_;
     size_t at_;
 };
 
@@ -78,6 +91,8 @@ hgeGUI::hgeGUI()
       ctrlLock(nullptr),
       ctrlEvent(nullptr),
       walks(nullptr),
+      version(1),
+      row_version(0),
       phase(kInUse),
       navmode(HGEGUI_NONAVKEYS),
       sprCursor(nullptr),
@@ -110,6 +125,7 @@ void hgeGUI::AddCtrl(hgeGUIObject* ctrl) {
 }
 
 void hgeGUI::Append(hgeGUIObject* ctrl) {
+    ++version;
     ctrl->next = nullptr;
     ctrl->prev = tail;
     (tail ? tail->next : ctrls) = ctrl;
@@ -117,9 +133,20 @@ void hgeGUI::Append(hgeGUIObject* ctrl) {
 }
 
 void hgeGUI::Detach(hgeGUIObject* ctrl) {
+    ++version;
     (ctrl->prev ? ctrl->prev->next : ctrls) = ctrl->next;
     (ctrl->next ? ctrl->next->prev : tail) = ctrl->prev;
     ctrl->next = ctrl->prev = nullptr;
+}
+
+// Every frame goes over the list three times; an array lets it look ahead.
+void hgeGUI::LineUp() {
+    if (row_version == version) return;
+    row_version = 0;
+    row.clear();
+    for (hgeGUIObject* ctrl = ctrls; ctrl; ctrl = ctrl->next)
+        row.push_back(ctrl);
+    row_version = version;
 }
 
 void hgeGUI::DelCtrl(int id) {
@@ -307,11 +334,12 @@ hgeGUIObject* hgeGUI::FocusTarget(bool forward) const {
     return ctrl;
 }
 
-hgeGUIObject* hgeGUI::TopmostAtMouse() const {
-    hgeGUIObject* ctrl = tail;
-    while (ctrl && !(ctrl->bEnabled && ctrl->rect.TestPoint(mx, my)))
-        ctrl = ctrl->prev;
-    return ctrl;
+hgeGUIObject* hgeGUI::TopmostAtMouse() {
+    LineUp();
+    auto found = std::find_if(row.rbegin(), row.rend(), [this](hgeGUIObject* ctrl) {
+        return ctrl->bEnabled && ctrl->rect.TestPoint(mx, my);
+    });
+    return found == row.rend() ? nullptr : *found;
 }
 
 int hgeGUI::SendMouse() {

@@ -110,6 +110,7 @@ class hgeGUI {
     void Append(hgeGUIObject* ctrl);
     void Detach(hgeGUIObject* ctrl);
     void Unlink(hgeGUIObject* ctrl);
+    void LineUp();
     void ForgetTargets();
     void ReadMouse();
     bool EveryoneIsDone();
@@ -117,7 +118,7 @@ class hgeGUI {
     void MoveOver(hgeGUIObject* ctrl);
     bool Navigate(int key);
     hgeGUIObject* FocusTarget(bool forward) const;
-    hgeGUIObject* TopmostAtMouse() const;
+    hgeGUIObject* TopmostAtMouse();
     int SendKey();
     int SendMouse();
     bool SendButtons();
@@ -128,10 +129,12 @@ class hgeGUI {
     hgeGUIObject* tail;
     hgeGUIObject* ctrlFocus;
     hgeGUIObject* ctrlOver;
-    hgeGUIObject* ctrlLock;            // gets the mouse alone while a button is held
-    hgeGUIObject* ctrlEvent;           // gets this frame's mouse events
-    Walk* walks;                       // under way, innermost first
-    std::vector<hgeGUIObject*> spare;  // the room of the last walk, so that a frame allocates nothing
+    hgeGUIObject* ctrlLock;          // gets the mouse alone while a button is held
+    hgeGUIObject* ctrlEvent;         // gets this frame's mouse events
+    Walk* walks;                     // under way, innermost first
+    unsigned version;                // of the list; changes with it
+    std::vector<hgeGUIObject*> row;  // the list as an array, and its version then; walks take it along
+    unsigned row_version;
     Phase phase;
     int navmode;
     hgeSprite* sprCursor;

@@ -255,6 +255,7 @@ class DRILL2D_API CGameLable : public hgeGUIObject, public IControlOpera, public
     virtual void SetFrame(int n);
 
     void Render() override;
+    void Update(float dt) override;
     // The text's colour; needs a font.
     void SetColor(DWORD text_color) override;
 

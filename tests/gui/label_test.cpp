@@ -1,5 +1,5 @@
-#include "drill2d/font.h"
 #include "gui/gui_test.h"
+#include "gui/owning_label.h"
 #include "text/code_page.h"
 
 namespace {
@@ -7,10 +7,9 @@ namespace {
 constexpr char kFace[] = "WenQuanYi Zen Hei";
 
 // Shows what lies behind the protected part.
-class OpenLabel : public CGameLable {
+class OpenLabel : public OwningLabel {
  public:
     std::wstring Shown() { return AnsiToUnicode(m_showText); }
-    ~OpenLabel() override { std::default_delete<GfxFont>()(m_pFont); }
 };
 
 class LabelTest : public GuiTest {

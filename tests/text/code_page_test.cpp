@@ -3,6 +3,10 @@
 #include <gtest/gtest.h>
 #include <windows.h>
 
+#include <cwchar>
+
+#include "text/known_characters.h"
+
 namespace {
 
 TEST(CodePage, TextThatIsTooLongEndsWithAWholeCharacter) {
@@ -34,6 +38,32 @@ TEST(CodePage, ConvertsWhatItCanAndFallsBackElse) {
     EXPECT_STREQ(small, L"");
     EXPECT_EQ(code_page::SystemText(L"end", "x"), "end");
     EXPECT_EQ(code_page::SystemText(L"\xd800", "half a pair"), "half a pair");
+}
+
+// Every pair of bytes, with a character behind it.
+TEST(CodePage, KnownCharactersAreThoseOfTheSystem) {
+    struct {
+        unsigned code_page;
+        int fewest;
+    } const kCases[] = {{936, 20000}, {932, 6000}, {1252, 15000}, {CP_UTF8, 127 * 127}};
+    for (const auto& c : kCases) {
+        code_page::KnownCharacters characters(c.code_page);
+        int known = 0, different = 0;
+        for (int first = 1; first < 256; ++first)
+            for (int second = 0; second < 256; ++second) {
+                const char text[] = {static_cast<char>(first), static_cast<char>(second), 'z', '\0'};
+                wchar_t ours[8], theirs[8];
+                if (!characters.ToWide(text, ours, 8)) continue;
+                ++known;
+                MultiByteToWideChar(c.code_page, 0, text, -1, theirs, 8);
+                different += std::wcscmp(ours, theirs) != 0;
+            }
+        EXPECT_EQ(different, 0) << c.code_page;
+        EXPECT_GE(known, c.fewest) << c.code_page;
+        wchar_t small[3];
+        EXPECT_TRUE(characters.ToWide("ab", small, 3));
+        EXPECT_FALSE(characters.ToWide("abc", small, 3)) << "there is no room for the end";
+    }
 }
 
 }  // namespace

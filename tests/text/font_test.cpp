@@ -3,11 +3,33 @@
 #include <algorithm>
 #include <memory>
 
+#include "support/gdi_objects.h"
 #include "support/recording_test.h"
-#include "text/gdi_seams.h"
 
+using test::LiveGdiObjects;
 using testing::ElementsAre;
 using testing::IsEmpty;
+
+namespace {
+
+bool g_fonts_fail = false;
+
+// The linker takes this in place of the import library's pointer.
+HFONT WINAPI FontOrNone(int height, int width, int escapement, int orientation, int weight, DWORD italic,
+                        DWORD underline, DWORD strike_out, DWORD charset, DWORD out, DWORD clip,
+                        DWORD quality, DWORD pitch, LPCSTR face) {
+    if (g_fonts_fail) return nullptr;
+    auto real = reinterpret_cast<decltype(&FontOrNone)>(
+        reinterpret_cast<void*>(GetProcAddress(GetModuleHandleA("gdi32"), "CreateFontA")));
+    return real(height, width, escapement, orientation, weight, italic, underline, strike_out, charset, out,
+                clip, quality, pitch, face);
+}
+
+}  // namespace
+
+extern "C" {
+decltype(&FontOrNone) imported_create_font __asm__("__imp__CreateFontA@56") = FontOrNone;
+}
 
 namespace {
 
@@ -17,8 +39,10 @@ std::unique_ptr<GfxFont> MakeFont(int size, int bold = 0, int antialias = 1) {
 
 class FontTest : public RecordingTest {
  protected:
+    // With the first one come objects that stay.
+    static void SetUpTestSuite() { MakeFont(16); }
     ~FontTest() override {
-        EXPECT_EQ(gdi_seams::LiveObjects(), 0);
+        EXPECT_EQ(LiveGdiObjects(), gdi_before_);
         EXPECT_THAT(Recording().textures, IsEmpty());
     }
     // Draws at (0, 0) and gives the quads.
@@ -36,12 +60,13 @@ class FontTest : public RecordingTest {
             sum += pixel >> 24;
         return sum;
     }
+    const long gdi_before_ = LiveGdiObjects();
 };
 
 TEST_F(FontTest, WithoutAFontOrATextNothingIsDrawn) {
-    gdi_seams::FailFonts(true);
+    g_fonts_fail = true;
     auto font = MakeFont(16);
-    gdi_seams::FailFonts(false);
+    g_fonts_fail = false;
     Recording().create_fails = true;
     auto lost = MakeFont(16);
     for (const auto& broken : {std::ref(font), std::ref(lost)}) {
@@ -52,7 +77,7 @@ TEST_F(FontTest, WithoutAFontOrATextNothingIsDrawn) {
     }
     Recording().create_fails = false;
     auto good = MakeFont(16);
-    EXPECT_EQ(gdi_seams::LiveObjects(), 1 + 2) << "the broken one's DC, a DC and a font";
+    EXPECT_EQ(LiveGdiObjects(), gdi_before_ + 1 + 2) << "the broken one's DC, a DC and a font";
     good->Print(0, 0, nullptr);
     EXPECT_THAT(Draw(good, nullptr), IsEmpty());
     EXPECT_EQ(good->GetTextSize(nullptr).cx, 0);
