@@ -81,7 +81,7 @@ Scene RebuiltAlpha(Size size, int repeats) {
     scene.ours = [=](Meter& meter) {
         meter([&] {
             for (int i = 0; i < repeats; ++i)
-                flash::RebuildAlpha(black->data(), white->data(), size.pixels());
+                flash::RebuildAlpha(black->data(), white->data(), nullptr, size.pixels());
         });
     };
     scene.bare = CopyFrames(size, repeats);

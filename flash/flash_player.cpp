@@ -3,7 +3,6 @@
 #include <ocidl.h>
 
 #include <cstdint>
-#include <cstring>
 #include <new>
 
 #include "engine/live_objects.h"
@@ -201,29 +200,50 @@ int FlashPlayer::Update() {
 }
 
 int FlashPlayer::Render() {
-    if (!m_dirty || !Render(m_memDC)) return 0;
-    m_dirty = 0;
+    if (!DrawNewFrame()) return 0;
+    FinishFrame(nullptr, 0);
     return 1;
 }
 
 int FlashPlayer::Render(HDC hdc) {
+    if (!DrawTwice(hdc)) return 0;
+    FinishFrame(nullptr, 0);
+    return 1;
+}
+
+bool FlashPlayer::DrawNewFrame() {
+    if (!m_dirty || !DrawTwice(m_memDC)) return false;
+    m_dirty = 0;
+    return true;
+}
+
+// The grounds are written to the bits, which takes less time than the system takes to fill them.
+bool FlashPlayer::DrawTwice(HDC hdc) {
     ComRef<IViewObject> view = Query<IViewObject>(m_flash, IID_IViewObject);
-    if (!view || !m_frameBits) return 0;
-    const RECT rect = {0, 0, m_width, m_height};
+    if (!view || !m_frameBits) return false;
     const RECTL bounds = {0, 0, m_width, m_height};
     const size_t pixels = static_cast<size_t>(m_width) * m_height;
+    const auto bits = static_cast<uint32_t*>(m_frameBits);
 
-    FillRect(m_memDC, &rect, static_cast<HBRUSH>(GetStockObject(WHITE_BRUSH)));
-    view->Draw(DVASPECT_CONTENT, -1, nullptr, nullptr, nullptr, hdc, &bounds, &bounds, nullptr, 0);
-    // Drawing may still be queued; the bits are read past the queue.
+    // Drawing may still be queued; the bits are read and written past the queue.
     GdiFlush();
-    std::memcpy(m_whiteFrame, m_frameBits, pixels * 4);
-
-    FillRect(m_memDC, &rect, static_cast<HBRUSH>(GetStockObject(BLACK_BRUSH)));
+    flash::Fill(bits, 0x00FFFFFF, pixels);
+    view->Draw(DVASPECT_CONTENT, -1, nullptr, nullptr, nullptr, hdc, &bounds, &bounds, nullptr, 0);
+    GdiFlush();
+    flash::TakeAway(bits, reinterpret_cast<uint32_t*>(m_whiteFrame), pixels);
     HRESULT hr =
         view->Draw(DVASPECT_CONTENT, 1, nullptr, nullptr, nullptr, m_memDC, &bounds, nullptr, nullptr, 0);
     GdiFlush();
-    flash::RebuildAlpha(static_cast<uint32_t*>(m_frameBits), reinterpret_cast<uint32_t*>(m_whiteFrame),
-                        pixels);
-    return hr == S_OK ? 1 : 0;
+    if (hr != S_OK) FinishFrame(nullptr, 0);
+    return hr == S_OK;
+}
+
+void FlashPlayer::FinishFrame(uint32_t* copy, size_t stride) {
+    auto black = static_cast<uint32_t*>(m_frameBits);
+    auto white = reinterpret_cast<const uint32_t*>(m_whiteFrame);
+    const size_t width = static_cast<size_t>(m_width);
+    for (int row = 0; row < m_height; ++row, black += width, white += width) {
+        flash::RebuildAlpha(black, white, copy, width);
+        if (copy) copy += stride;
+    }
 }

@@ -6,7 +6,6 @@
 #include "drill2d/flash.h"
 #include "engine/live_objects.h"
 #include "engine/safely.h"
-#include "flash/frame_pixels.h"
 #include "hgesprite.h"
 
 namespace {
@@ -133,12 +132,11 @@ bool CFlashSprite::IsAutoRender() {
 }
 
 bool CFlashSprite::BufferUpdate() {
-    if (!m_player || !m_quad.tex || m_state != kPlaying || !m_player->Render()) return false;
-    size_t stride = m_hge->Texture_GetWidth(m_quad.tex, false);
+    if (!m_player || !m_quad.tex || m_state != kPlaying || !m_player->DrawNewFrame()) return false;
+    const int stride = m_hge->Texture_GetWidth(m_quad.tex, false);
     DWORD* pixels = m_hge->Texture_Lock(m_quad.tex, false, 0, 0, m_width, m_height);
+    m_player->FinishFrame(reinterpret_cast<uint32_t*>(pixels), static_cast<size_t>(stride));
     if (!pixels) return false;
-    flash::CopyRows(reinterpret_cast<uint32_t*>(pixels), stride,
-                    static_cast<const uint32_t*>(m_player->GetFlashFrameBuffer()), m_width, m_height);
     m_hge->Texture_Unlock(m_quad.tex);
     return true;
 }

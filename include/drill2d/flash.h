@@ -1,5 +1,7 @@
 #pragma once
 
+#include <cstddef>
+#include <cstdint>
 #include <string>
 #include <vector>
 
@@ -96,6 +98,7 @@ class DRILL2D_API FlashPlayer : public FlashListener {
     void MouseLButtonUp(int x, int y);
 
  private:
+    friend class CFlashSprite;
     friend class ControlSite;
 
     void ConnectControl();
@@ -103,6 +106,9 @@ class DRILL2D_API FlashPlayer : public FlashListener {
     void ReleaseSite();
     bool BeginPlaying(const std::string& path);
     void PlaceControl();
+    bool DrawNewFrame();
+    bool DrawTwice(HDC hdc);
+    void FinishFrame(std::uint32_t* copy, std::size_t stride);
     void SendMouse(UINT message, WPARAM keys, int x, int y);
 
     int m_playState;

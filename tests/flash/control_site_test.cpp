@@ -10,7 +10,6 @@ class ControlSiteTest : public FlashTest {
     ControlSiteTest() {
         site_->AddRef();
         EXPECT_TRUE(player_.StartAnimation("m.swf", 30, 20, nullptr));
-        player_.Render();
     }
     ~ControlSiteTest() override {
         site_->SetOwner(nullptr);
@@ -36,21 +35,7 @@ TEST_F(ControlSiteTest, OffersTwoTablesWithOneCount) {
     EXPECT_EQ(other, nullptr);
 }
 
-TEST_F(ControlSiteTest, AnswersAsASiteWithoutAWindow) {
-    HWND window = nullptr;
-    RECT rect = {1, 2, 3, 4};
-    IMoniker* moniker = reinterpret_cast<IMoniker*>(7);
-    EXPECT_EQ(site_->CanWindowlessActivate(), S_OK);
-    EXPECT_EQ(site_->RequestUIActivate(), S_FALSE);
-    EXPECT_EQ(site_->SetCapture(TRUE), S_FALSE);
-    EXPECT_EQ(site_->GetWindow(&window), E_FAIL);
-    EXPECT_EQ(site_->GetDC(&rect, 0, nullptr), E_INVALIDARG);
-    EXPECT_EQ(site_->AdjustRect(nullptr), E_INVALIDARG);
-    EXPECT_EQ(site_->GetMoniker(0, 0, &moniker), E_NOTIMPL);
-    EXPECT_EQ(moniker, nullptr);
-}
-
-TEST_F(ControlSiteTest, GivesTheOwnersRectangleAndNoFrame) {
+TEST_F(ControlSiteTest, GivesTheOwnersRectangleAndMakesItDraw) {
     site_->SetOwner(&player_);
     IOleInPlaceFrame* frame = reinterpret_cast<IOleInPlaceFrame*>(7);
     IOleInPlaceUIWindow* document = reinterpret_cast<IOleInPlaceUIWindow*>(7);
@@ -59,17 +44,9 @@ TEST_F(ControlSiteTest, GivesTheOwnersRectangleAndNoFrame) {
     EXPECT_EQ(site_->GetWindowContext(&frame, &document, &position, &clip, &info), S_OK);
     EXPECT_TRUE(!frame && !document && EqualRect(&position, &expected) && EqualRect(&clip, &expected));
     EXPECT_TRUE(info.cb == 99 && !info.fMDIApp && !info.hwndFrame && !info.haccel && info.cAccelEntries == 0);
-}
-
-TEST_F(ControlSiteTest, AnyInvalidationMakesTheOwnerDrawOnce) {
-    RECT rect = {1, 1, 2, 2};
-    site_->InvalidateRect(&rect, FALSE);
-    EXPECT_EQ(player_.Render(), 0) << "not its owner";
-    site_->SetOwner(&player_);
-    EXPECT_EQ(site_->InvalidateRect(&rect, FALSE), S_OK);
-    EXPECT_EQ(site_->InvalidateRgn(nullptr, FALSE), S_OK);
+    EXPECT_TRUE(player_.Render() == 1 && player_.Render() == 0);
+    site_->InvalidateRgn(nullptr, FALSE);
     EXPECT_EQ(player_.Render(), 1);
-    EXPECT_EQ(player_.Render(), 0);
 }
 
 }  // namespace

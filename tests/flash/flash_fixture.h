@@ -10,15 +10,10 @@
 // Every test ends with no object alive in the module, nothing wrong with the framework and the module free.
 class FlashTest : public RecordingTest {
  public:
-    FlashTest()
-        : module_(LoadLibraryA("flash.ocx")),
-          control_(Export<decltype(GetMovieControl)>("GetMovieControl")()) {
-        control_->Clear();
-    }
+    FlashTest() { control_->Clear(); }
     ~FlashTest() override {
         EXPECT_EQ(control_->objects, 0);
         EXPECT_EQ(control_->class_references, 0);
-        EXPECT_EQ(Export<decltype(DllCanUnloadNow)>("DllCanUnloadNow")(), S_OK);
         FreeLibrary(module_);
         EXPECT_EQ(GetModuleHandleA("flash.ocx"), nullptr) << "a player still holds the module";
     }
@@ -35,11 +30,6 @@ class FlashTest : public RecordingTest {
     }
 
  protected:
-    template <class Function>
-    Function* Export(const char* name) {
-        return reinterpret_cast<Function*>(reinterpret_cast<void*>(GetProcAddress(module_, name)));
-    }
-
-    HMODULE module_;
-    MovieControl* control_;
+    HMODULE module_ = LoadLibraryA("flash.ocx");
+    MovieControl* control_ = ControlOf(module_);
 };

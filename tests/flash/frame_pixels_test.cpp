@@ -24,8 +24,25 @@ TEST(FramePixels, AlphaIsTheRedDifferenceInEverySize) {
                 (static_cast<int>(black[i] >> 16 & 255) - static_cast<int>(white[i] >> 16 & 255) - 1) & 255;
             expected[i] = static_cast<uint32_t>(alpha) << 24 | (black[i] & 0xFFFFFF);
         }
-        flash::RebuildAlpha(black.data(), white.data(), count);
+        std::vector<uint32_t> alone = black, copy = RandomPixels(count + 1), copied = expected;
+        copied[count] = copy[count];
+        flash::RebuildAlpha(alone.data(), white.data(), nullptr, count);
+        ASSERT_EQ(alone, expected) << count << " pixels";
+        flash::RebuildAlpha(black.data(), white.data(), copy.data(), count);
         ASSERT_EQ(black, expected) << count << " pixels";
+        ASSERT_EQ(copy, copied) << count << " pixels";
+    }
+}
+
+TEST(FramePixels, ATakenPictureLeavesBlackInEverySize) {
+    for (size_t count = 0; count < 20; ++count) {
+        std::vector<uint32_t> picture = RandomPixels(count + 1), copy = RandomPixels(count + 1);
+        std::vector<uint32_t> taken = picture, black(count + 1);
+        taken[count] = copy[count];
+        black[count] = picture[count];
+        flash::TakeAway(picture.data(), copy.data(), count);
+        ASSERT_EQ(copy, taken) << count << " pixels";
+        ASSERT_EQ(picture, black) << count << " pixels";
     }
 }
 

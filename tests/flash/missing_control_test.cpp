@@ -92,11 +92,9 @@ TEST_F(MissingControlTest, ARegisteredControlIsFound) {
 
     HMODULE module = GetModuleHandleA("registered_control.dll");
     ASSERT_NE(module, nullptr);
-    auto get_control = reinterpret_cast<decltype(&GetMovieControl)>(
-        reinterpret_cast<void*>(GetProcAddress(module, "GetMovieControl")));
-    EXPECT_EQ(get_control()->objects, 1);
+    EXPECT_EQ(ControlOf(module)->objects, 1);
     FlashManager::DestroyFlashManager();
-    EXPECT_TRUE(get_control()->objects == 0 && get_control()->class_references == 0);
+    EXPECT_TRUE(ControlOf(module)->objects == 0 && ControlOf(module)->class_references == 0);
     registration.reset();
     EXPECT_EQ(FlashPlayer::GetFlashVersion(), 0.0);
 }

@@ -136,7 +136,7 @@ class Movie final : public UnusedMovie, public UnusedOle, public UnusedPlacement
         int third = bounds->right / 3;
         Fill(dc, RECT{0, 0, third, bounds->bottom}, frame_ % 2 ? kOpaqueColorOddFrames : kOpaqueColor);
         FillHalf(dc, RECT{third, 0, 2 * third, bounds->bottom}, kHalfColor);
-        if (g_control.call_site_in_draw) CallSite();
+        if (g_control.call_site_in_draw) site_->InvalidateRgn(nullptr, TRUE);
         return g_control.fail_second_draw && index == 1 ? E_FAIL : S_OK;
     }
 
@@ -208,15 +208,6 @@ class Movie final : public UnusedMovie, public UnusedOle, public UnusedPlacement
     void Show(int frame) {
         frame_ = frame;
         site_->InvalidateRect(nullptr, FALSE);
-    }
-    void CallSite() {
-        RECT position = {}, clip = {};
-        OLEINPLACEFRAMEINFO info = {};
-        IOleInPlaceFrame* no_frame = nullptr;
-        IOleInPlaceUIWindow* no_document = nullptr;
-        site_->InvalidateRgn(nullptr, TRUE);
-        site_->GetWindowContext(&no_frame, &no_document, &position, &clip, &info);
-        Record("GetWindowContext", position, clip);
     }
 
     ULONG references_ = 0;

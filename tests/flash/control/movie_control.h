@@ -30,6 +30,11 @@ struct MovieControl {
 };
 
 extern "C" MovieControl* GetMovieControl();
+// That of a loaded module.
+inline MovieControl* ControlOf(HMODULE module) {
+    return reinterpret_cast<decltype(&GetMovieControl)>(
+        reinterpret_cast<void*>(GetProcAddress(module, "GetMovieControl")))();
+}
 
 // Columns of the picture, 0xRRGGBB; the second one is half-transparent.
 constexpr unsigned kOpaqueColor = 0xC83C14, kOpaqueColorOddFrames = 0x2850F0, kHalfColor = 0xF0783C;
