@@ -114,6 +114,16 @@ void Suite::List() const {
         std::puts(entry.name.c_str());
 }
 
+void Suite::Hold(const Entry& entry) const {
+    const Scene scene = entry.make();
+    int rounds = 0;
+    for (const double start = Now(); Now() - start < options_.hold_seconds * 1e9; ++rounds) {
+        Meter meter;
+        scene.ours(meter);
+    }
+    std::printf("%s: %d rounds\n", entry.name.c_str(), rounds);
+}
+
 // Round by round, so that a busy moment of the machine hits both; the ratio is the median of the rounds' own.
 Suite::Row Suite::Measure(const std::string& name, const Scene& scene) const {
     Samples ours, bare, ratios;
@@ -143,23 +153,30 @@ Suite::Row Suite::Measure(const std::string& name, const Scene& scene) const {
 }
 
 bool Suite::Run() {
-    std::printf("%-44s %9s %9s %9s %9s %6s %6s %6s %7s %9s %7s\n", "scene, times for one item", "min",
-                "median", "bare min", "bare med", "ratio", "target", "draws", "uploads", "bytes", "allocs");
+    const bool hold = options_.hold_seconds > 0;
+    if (!hold)
+        std::printf("%-44s %9s %9s %9s %9s %6s %6s %6s %7s %9s %7s\n", "scene, times for one item", "min",
+                    "median", "bare min", "bare med", "ratio", "target", "draws", "uploads", "bytes",
+                    "allocs");
     const std::regex pattern(options_.pattern);
     bool all_ran = true;
     for (const Entry& entry : entries_) {
         if (!std::regex_search(entry.name, pattern)) continue;
         try {
-            rows_.push_back(Measure(entry.name, entry.make()));
-            Print(rows_.back());
-            if (!rows_.back().scene.family.empty()) PrintGrowth(rows_.back().scene.family);
+            hold ? Hold(entry) : Show(entry);
         } catch (const std::exception& problem) {
             std::printf("%-44s did not run: %s\n", entry.name.c_str(), problem.what());
             all_ran = false;
         }
         std::fflush(stdout);
     }
-    return WriteCsv() && all_ran;
+    return (hold || WriteCsv()) && all_ran;
+}
+
+void Suite::Show(const Entry& entry) {
+    rows_.push_back(Measure(entry.name, entry.make()));
+    Print(rows_.back());
+    if (!rows_.back().scene.family.empty()) PrintGrowth(rows_.back().scene.family);
 }
 
 void Suite::Print(const Row& row) const {
@@ -173,13 +190,16 @@ void Suite::Print(const Row& row) const {
 
 // Once, when the last size of the family is there.
 void Suite::PrintGrowth(const std::string& family) const {
-    std::vector<std::pair<double, double>> points;
-    for (const Row& row : rows_)
-        if (row.scene.family == family) points.push_back({row.scene.size, row.median * row.scene.items});
-    if (points.size() != kSizesOfFit) return;
-    const double exponent = Exponent(points), limit = rows_.back().scene.growth_limit;
-    std::printf("  growth of %s: size to the power of %.2f, target %.2f%s\n", family.c_str(), exponent, limit,
-                exponent > limit ? "  MISSED" : "");
+    std::vector<std::pair<double, double>> ours, bare;
+    for (const Row& row : rows_) {
+        if (row.scene.family != family) continue;
+        ours.push_back({row.scene.size, row.median * row.scene.items});
+        bare.push_back({row.scene.size, row.bare_median * row.scene.items});
+    }
+    if (ours.size() != kSizesOfFit) return;
+    const double exponent = Exponent(ours), limit = rows_.back().scene.growth_limit;
+    std::printf("  growth of %s: size to the power of %.2f, bare %.2f, target %.2f%s\n", family.c_str(),
+                exponent, Exponent(bare), limit, exponent > limit ? "  MISSED" : "");
 }
 
 bool Suite::WriteCsv() const {

@@ -62,6 +62,7 @@ struct Scene {
 struct Options {
     std::string pattern = ".", csv;
     bool quick = false, list = false;
+    double hold_seconds = 0;  // above 0: nothing is measured, our side of each scene runs for so long
 };
 
 class Suite {
@@ -92,6 +93,8 @@ class Suite {
         bool missed() const;
     };
 
+    void Hold(const Entry& entry) const;
+    void Show(const Entry& entry);
     Row Measure(const std::string& name, const Scene& scene) const;
     void Print(const Row& row) const;
     void PrintGrowth(const std::string& family) const;

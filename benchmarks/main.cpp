@@ -1,33 +1,38 @@
 #include <cstdio>
+#include <cstdlib>
 #include <memory>
 #include <string>
 
 #include "allocations.h"
 #include "idle_host.h"
 #include "scenes.h"
+#include "stage.h"
 
 namespace {
 
 constexpr char kUsage[] =
-    "usage: benchmarks [--scene REGEX] [--csv FILE] [--quick] [--list]\n"
+    "usage: benchmarks [--scene REGEX] [--csv FILE] [--hold SECONDS] [--quick] [--list]\n"
     "\n"
     "  --scene REGEX  only scenes whose names match\n"
     "  --csv FILE     writes the table as CSV, times in nanoseconds\n"
+    "  --hold SECONDS runs our side of the scenes only, each for so long, for a profiler to look at\n"
     "  --quick        tiny sizes and few rounds: shows that all scenes run, measures nothing\n"
     "  --list         names of the scenes\n";
 
 // Everything happens before the loop of the engine begins: the scenes run the framework's loop themselves.
 struct Host : bench::IdleHost {
-    explicit Host(bench::Suite& scenes) : suite(scenes) {}
+    Host(bench::Suite& scenes, bool holds) : suite(scenes), hold(holds) {}
 
     void OnInit() override {
         C2DGameEngine::Get2DGameEngineInstance()->GetHge()->System_SetState(HGE_FPS, HGEFPS_UNLIMITED);
         bench::CountAllocations();
+        if (hold) bench::Stage::NeverSettle();
         all_ran = suite.Run();
         PostQuitMessage(0);
     }
 
     bench::Suite& suite;
+    const bool hold;
     bool all_ran = false;
 };
 
@@ -43,6 +48,8 @@ bool Parse(int count, char** arguments, bench::Options* options) {
             options->pattern = arguments[++i];
         else if (argument == "--csv" && has_value)
             options->csv = arguments[++i];
+        else if (argument == "--hold" && has_value)
+            options->hold_seconds = std::atof(arguments[++i]);
         else
             return false;
     }
@@ -71,7 +78,7 @@ int main(int count, char** arguments) {
         return 0;
     }
     std::unique_ptr<I2DGameEngine> engine(C2DGameEngine::Get2DGameEngineInstance());
-    Host host(suite);
+    Host host(suite, options.hold_seconds > 0);
     engine->SetEngineSink(static_cast<I2DGameEngineSink*>(&host));
     if (!engine->InitHge(800, 600, "benchmarks", false)) {
         std::fputs("the framework does not start; see game.log\n", stderr);

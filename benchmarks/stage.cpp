@@ -10,6 +10,7 @@ namespace {
 
 std::function<void()> g_draw;
 int g_frames_left = 0;
+bool g_settles = true;
 std::vector<double> g_starts;
 
 bool CountFrame() {
@@ -37,7 +38,10 @@ void RunLoop(int count, std::function<void()> draw, hgeCallback render) {
     HGE* hge = Stage::Framework();
     hge->System_SetState(HGE_FRAMEFUNC, CountFrame);
     hge->System_SetState(HGE_RENDERFUNC, render);
-    Require(hge->System_Start(), hge->System_GetErrorMessage());
+    const bool started = hge->System_Start();
+    // What it draws must not outlive the framework.
+    g_draw = nullptr;
+    Require(started, hge->System_GetErrorMessage());
     Require(g_frames_left < 0, "the window was closed");
 }
 
@@ -119,8 +123,13 @@ std::vector<double> Stage::FrameTimes(int count, std::function<void()> draw) {
     return times;
 }
 
+void Stage::NeverSettle() {
+    g_settles = false;
+}
+
 // Presenting waits for the frame before when that one is older than some milliseconds.
 void Stage::Settle() {
+    if (!g_settles) return;
     auto nothing = [] {
         Sleep(5);
         Framework()->Gfx_Clear(0xFF000000);

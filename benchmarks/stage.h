@@ -26,6 +26,8 @@ class Stage {
     static std::vector<double> FrameTimes(int count, std::function<void()> draw = nullptr);
     // Returns when the display is done with everything drawn so far.
     static void Settle();
+    // Frame after frame from now on, so that a profiler sees little but the work.
+    static void NeverSettle();
     // A round that counts draw and the scene around it, but no presenting.
     static Work Submission(std::function<void()> draw);
     // The quads that draw hands to the framework, which draws them too.

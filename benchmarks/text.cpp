@@ -94,9 +94,8 @@ Scene Unseen(int count) {
     scene.limit = 1.5;
     scene.slow = count > 5000;
     scene.ours = [text](Meter& meter) {
-        Stage::Settle();
         auto font = MakeFont();
-        Stage::Frames(1, [&] { meter([&] { font->Render(0, 0, text.c_str()); }); });
+        Stage::Submission([&] { font->Render(0, 0, text.c_str()); })(meter);
     };
     scene.bare = [text](Meter& meter) {
         Rasteriser rasteriser;
