@@ -4,6 +4,7 @@
 
 #include "audio/byte_reader.h"
 #include "audio/ogg_reader.h"
+#include "audio/vorbis_setup.h"
 
 namespace hge {
 namespace {
@@ -23,43 +24,48 @@ std::array<uint32_t, 256> MakeTable() {
     return table;
 }
 
-// Collects the second packet, the comments, from the pages it lies on.
-class CommentPacket {
+// Collects the packets behind the first, the comments and the set-up, from the pages they lie on.
+class HeaderPackets {
  public:
     void AddPage(const uint8_t* page) {
         size_t segments = page[26];
         const uint8_t* body = page + kPageHeader + segments;
-        for (size_t i = 0; i < segments && packet_ < 2; ++i) {
+        for (size_t i = 0; i < segments && packet_ < 3; ++i) {
             size_t length = page[kPageHeader + i];
-            if (packet_ == 1) bytes_.insert(bytes_.end(), body, body + length);
+            if (packet_ == 1) comments_.insert(comments_.end(), body, body + length);
+            if (packet_ == 2) setup_.insert(setup_.end(), body, body + length);
             body += length;
             if (length < 255) ++packet_;
         }
     }
 
-    // The decoder trusts the lengths in it.
-    bool IsSane() const {
+    // The decoder trusts the lengths in the comments and the tables of the set-up.
+    bool AreSane() const {
+        return packet_ == 3 && CommentsAreSane() && HasSaneTables(setup_.data(), setup_.size());
+    }
+
+ private:
+    bool CommentsAreSane() const {
         size_t at = 7, length = 0;
-        if (packet_ < 2 || bytes_.size() < at || std::memcmp(bytes_.data(), "\3vorbis", 7) != 0) return false;
+        if (comments_.size() < at || std::memcmp(comments_.data(), "\3vorbis", 7) != 0) return false;
         if (!Length(&at, &length)) return false;
         at += length;
-        if (bytes_.size() - at < 4) return false;
-        uint32_t count = Little32(&bytes_[at]);
+        if (comments_.size() - at < 4) return false;
+        uint32_t count = Little32(&comments_[at]);
         at += 4;
         for (; count && Length(&at, &length); --count)
             at += length;
         return count == 0;
     }
 
- private:
     bool Length(size_t* at, size_t* length) const {
-        if (bytes_.size() - *at < 4) return false;
-        *length = Little32(&bytes_[*at]);
+        if (comments_.size() - *at < 4) return false;
+        *length = Little32(&comments_[*at]);
         *at += 4;
-        return *length <= bytes_.size() - *at;
+        return *length <= comments_.size() - *at;
     }
 
-    std::vector<uint8_t> bytes_;
+    std::vector<uint8_t> comments_, setup_;
     int packet_ = 0;
 };
 
@@ -121,7 +127,7 @@ size_t OggPageSize(const uint8_t* page, size_t rest) {
 }
 
 bool CheckOgg(const uint8_t* data, size_t* size, std::string* reason) {
-    CommentPacket comments;
+    HeaderPackets headers;
     PageChain chain;
     const char* fault = nullptr;
     size_t at = 0;
@@ -135,12 +141,12 @@ bool CheckOgg(const uint8_t* data, size_t* size, std::string* reason) {
         else
             fault = chain.Add(page);
         if (fault) break;
-        comments.AddPage(page);
+        headers.AddPage(page);
         ended = page[5] & kLastPage;
         at += length;
     }
     if (fault) *reason = fault + (" at byte " + std::to_string(at));
-    if (!fault && !comments.IsSane()) *reason = fault = "not a Vorbis sound, or its comments are nonsense";
+    if (!fault && !headers.AreSane()) *reason = fault = "not a Vorbis sound, or its headers are nonsense";
     *size = at;
     return !fault;
 }

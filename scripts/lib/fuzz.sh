@@ -4,7 +4,7 @@
 fuzz_folder=$root/tests/fuzz
 # The longest input in bytes, where more would only cost time.
 declare -A longest_input=(
-    [pack]=640 [codec]=128 [tga]=128 [dds]=256 [bmp]=256 [wave]=200 [mp3]=600 [ogg]=512 [vorbis]=4200
+    [pack]=640 [codec]=128 [tga]=128 [dds]=256 [bmp]=256 [wave]=200 [mp3]=600 [ogg]=512 [vorbis]=400
     [ini]=32 [effect]=160 [names]=48 [text]=48
 )
 

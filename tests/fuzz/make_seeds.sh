@@ -1,7 +1,8 @@
 #!/usr/bin/env bash
 # Makes the files that the corpus grew from, with ordinary tools (zip, ImageMagick, sox, lame): make_seeds.sh FOLDER
 set -euo pipefail
-assets=$(dirname "$(readlink -f "${BASH_SOURCE[0]}")")/../hge
+here=$(dirname "$(readlink -f "${BASH_SOURCE[0]}")")
+assets=$here/../hge
 mkdir -p "$1"
 cd "$1"
 mkdir -p codec pack tga dds bmp wave mp3 ogg vorbis ini effect names text files/Deep
@@ -40,7 +41,9 @@ lame --quiet -m j --resample 16 -V 9 mp3/tone.wav mp3/variable.mp3
 rm mp3/tone.wav
 sox -R -D -n -r 8000 -c 1 -C -1 vorbis/tone.ogg synth 400s sine 441
 cp "$assets"/audio/assets/surround.ogg vorbis/
-# Only the pages matter there: the first, and one that ends the file with the comments.
+"$here"/tiny_vorbis.sh vorbis
+cp vorbis/coupled*.ogg ogg/
+# The first page, and one that ends the file with the comments.
 {
     head -c 58 vorbis/tone.ogg
     printf 'OggS\0\4\0\0\0\0\0\0\0\0\1\2\3\4\1\0\0\0\0\0\0\0\1\32'

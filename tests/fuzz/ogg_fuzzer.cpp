@@ -1,6 +1,6 @@
 #include "ogg_pages.h"
 
-// The pages and comments; what is in the other packets is for vorbis_fuzzer.cpp, which is far slower.
+// The pages and the headers; the sound is for vorbis_fuzzer.cpp, which is slower.
 int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
     std::vector<uint8_t> bytes = WithChecksums(data, size);
     std::string reason;
