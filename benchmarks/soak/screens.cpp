@@ -72,7 +72,7 @@ class Screens : public Toys {
         MayLoad("set the cursor", 1, [this](Dice& dice) {
             engine_->SetCursor(dice.Chance(80) ? "glint.png" : "no such picture.png", manager_);
         });
-        May("settings file", 10, [this](Dice& dice) {
+        MayLoad("save settings", 10, [this](Dice& dice) {
             std::string name = "name" + std::to_string(dice.Below(10));
             hge_->Ini_SetInt("soak", name.c_str(), dice.Below(1000));
             hge_->Ini_SetString("\xd1\xb5\xc1\xb7", name.c_str(), "\xbf\xaa\xca\xbc");

@@ -112,6 +112,7 @@ void HgeImpl::Shutdown() {
     screen_scene_ = screen_drawn_ = false;
     StopAll();
     Guarded("System_Shutdown", [&] { input_.Clear(); });
+    Guarded("System_Shutdown", [&] { ini_.Flush(); });
     log_.Write("finished");
     log_.Close();
 }

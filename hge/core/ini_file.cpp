@@ -4,7 +4,6 @@
 #include <windows.h>
 
 #include <charconv>
-#include <cstring>
 
 #include "core/ini_text.h"
 #include "core/ini_value.h"
@@ -18,8 +17,20 @@ namespace {
 // Stands for "no such key": no value that the reader gives can start with a control character.
 constexpr char kMissing[] = "\x01";
 constexpr size_t kLongestValue = 1 << 16;
+// Whoever sets a value finds it in the file afterwards, unless that would hold up the frame.
+constexpr std::chrono::milliseconds kPatience{20};
 
 }  // namespace
+
+void IniFile::SetPath(const std::string& path) {
+    Flush();
+    path_ = path;
+}
+
+void IniFile::Flush() {
+    writer_.WaitForAll();
+    ReportFailure(writer_.TakeReason());
+}
 
 int IniFile::GetInt(const char* section, const char* name, int def_val) {
     return GetNumber(section, name, def_val);
@@ -52,6 +63,11 @@ void IniFile::SetString(const char* section, const char* name, const char* value
 
 bool IniFile::Read(const char* section, const char* name, std::string* value) {
     if (path_.empty() || !section || !name) return false;
+    if (auto text = UnderWay()) return GetIniValue(*text, section, name, value);
+    return ReadFile(section, name, value);
+}
+
+bool IniFile::ReadFile(const char* section, const char* name, std::string* value) {
     std::string buffer(256, '\0');
     DWORD length = 0;
     while (true) {
@@ -79,9 +95,7 @@ void IniFile::Write(const char* section, const char* name, const std::string& va
         return;
     }
     std::string reason;
-    if (!Store(section, name, value, &reason))
-        log_.WriteOnce("ini:write:" + path_ + reason, "cannot write ini file \"%s\": %s", path_.c_str(),
-                       reason.c_str());
+    if (!Store(section, name, value, &reason)) ReportFailure(reason);
 }
 
 bool IniFile::StoreInUtf16(const char* section, const char* name, const std::string& value,
@@ -93,23 +107,52 @@ bool IniFile::StoreInUtf16(const char* section, const char* name, const std::str
 
 // The system's own writer cuts the file before it writes: on a full disk all that was saved would be gone.
 bool IniFile::Store(const char* section, const char* name, const std::string& value, std::string* reason) {
-    Block old;
+    auto under_way = UnderWay();
+    std::string old;
+    if (under_way)
+        old = *under_way;
+    else if (!LoadText(&old, reason))
+        return false;
+    if (old.starts_with("\xFF\xFE")) return StoreInUtf16(section, name, value, reason);
+    std::string text = old;
+    SetIniValue(&text, section, name, value);
+    if (text != old) Save(std::move(text), !under_way);
+    return true;
+}
+
+// An empty text where there is no file yet.
+bool IniFile::LoadText(std::string* text, std::string* reason) {
     DWORD attributes = GetFileAttributesA(path_.c_str());
-    bool exists = attributes != INVALID_FILE_ATTRIBUTES;
-    if (exists && attributes & FILE_ATTRIBUTE_READONLY) {
+    if (attributes == INVALID_FILE_ATTRIBUTES) return true;
+    if (attributes & FILE_ATTRIBUTE_READONLY) {
         *reason = Win32ErrorText(ERROR_ACCESS_DENIED);
         return false;
     }
-    if (exists) {
-        auto file = FileSource::Open(path_, reason);
-        if (file) old = ReadWhole(*file, reason);
-        if (!old.bytes) return false;
-    }
-    std::string text(reinterpret_cast<const char*>(old.bytes.get()), old.size);
-    if (text.rfind("\xFF\xFE", 0) == 0) return StoreInUtf16(section, name, value, reason);
-    SetIniValue(&text, section, name, value);
-    bool same = exists && text.size() == old.size && std::memcmp(text.data(), old.bytes.get(), old.size) == 0;
-    return same || WriteWholeFile(path_, text.data(), text.size(), Flush::kNo, reason);
+    auto file = FileSource::Open(path_, reason);
+    if (!file) return false;
+    Block block = ReadWhole(*file, reason);
+    if (!block.bytes) return false;
+    text->assign(reinterpret_cast<const char*>(block.bytes.get()), block.size);
+    return true;
+}
+
+void IniFile::Save(std::string text, bool may_wait) {
+    writer_.Write(path_, std::move(text));
+    // Many values set in one frame wait once.
+    if (may_wait) writer_.Wait(kPatience);
+    ReportFailure(writer_.TakeReason());
+}
+
+std::shared_ptr<const std::string> IniFile::UnderWay() {
+    auto text = writer_.UnderWay();
+    if (!text) ReportFailure(writer_.TakeReason());
+    return text;
+}
+
+void IniFile::ReportFailure(const std::string& reason) {
+    if (reason.empty()) return;
+    log_.WriteOnce("ini:write:" + path_ + reason, "cannot write ini file \"%s\": %s", path_.c_str(),
+                   reason.c_str());
 }
 
 template <class T>

@@ -2,7 +2,10 @@
 
 #include <mbstring.h>
 
+#include <algorithm>
 #include <string_view>
+
+#include "core/ini_value.h"
 
 namespace hge {
 namespace {
@@ -30,32 +33,51 @@ void EndLastLine(std::string* text) {
     if (!text->empty() && text->back() != '\n') *text += kEnd;
 }
 
+// The line of a value, or an empty place for it behind the section's last line that is not empty.
+struct Place {
+    bool section, value;
+    size_t begin, end;
+};
+
+Place Find(std::string_view text, const std::string& section, const std::string& name) {
+    Place place{};
+    size_t begin = text.starts_with(kUtf8Mark) ? kUtf8Mark.size() : 0;
+    for (size_t next; begin < text.size(); begin = next) {
+        next = std::min(text.find('\n', begin), text.size() - 1) + 1;
+        std::string_view line = Trimmed(text.substr(begin, next - begin));
+        if (line.empty()) continue;
+        if (line[0] == '[') {
+            if (place.section) break;
+            place.section = IsSection(line, section);
+        } else if (place.section && line.find('=') != line.npos &&
+                   SameName(line.substr(0, line.find('=')), name)) {
+            return {true, true, begin, next};
+        }
+        place.begin = place.end = next;
+    }
+    return place;
+}
+
 }  // namespace
 
 void SetIniValue(std::string* text, const std::string& section, const std::string& name,
                  const std::string& value) {
     const std::string entry = name + '=' + value + kEnd;
     EndLastLine(text);
-    bool inside = false;
-    size_t place = 0;  // behind the section's last line that is not empty
-    size_t begin = text->rfind(kUtf8Mark, 0) == 0 ? kUtf8Mark.size() : 0;
-    for (size_t next; begin < text->size(); begin = next) {
-        next = text->find('\n', begin) + 1;
-        std::string_view line = Trimmed(std::string_view(*text).substr(begin, next - begin));
-        if (line.empty()) continue;
-        if (line[0] == '[') {
-            if (inside) break;
-            inside = IsSection(line, section);
-        } else if (inside && line.find('=') != line.npos && SameName(line.substr(0, line.find('=')), name)) {
-            text->replace(begin, next - begin, entry);
-            return;
-        }
-        place = next;
-    }
-    if (inside)
-        text->insert(place, entry);
+    Place place = Find(*text, section, name);
+    if (place.section)
+        text->replace(place.begin, place.end - place.begin, entry);
     else
         *text += '[' + section + ']' + kEnd + entry;
+}
+
+bool GetIniValue(const std::string& text, const std::string& section, const std::string& name,
+                 std::string* value) {
+    Place place = Find(text, section, name);
+    if (!place.value) return false;
+    std::string_view line = std::string_view(text).substr(place.begin, place.end - place.begin);
+    *value = UnquotedIniValue(std::string(Trimmed(line.substr(line.find('=') + 1))));
+    return true;
 }
 
 }  // namespace hge

@@ -9,4 +9,9 @@ namespace hge {
 void SetIniValue(std::string* text, const std::string& section, const std::string& name,
                  const std::string& value);
 
+// The value as the system's reader gives it, without the blanks and the pair of quotes around it. False when
+// there is none.
+bool GetIniValue(const std::string& text, const std::string& section, const std::string& name,
+                 std::string* value);
+
 }  // namespace hge

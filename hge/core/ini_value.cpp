@@ -35,6 +35,12 @@ std::string QuotedIniValue(const std::string& value) {
     return NeedsQuotes(value) ? '"' + value + '"' : value;
 }
 
+std::string UnquotedIniValue(const std::string& value) {
+    bool quoted =
+        value.size() > 1 && value.front() == value.back() && (value.front() == '"' || value.front() == '\'');
+    return quoted ? value.substr(1, value.size() - 2) : value;
+}
+
 bool ParseIniNumber(const std::string& text, int* value) {
     return Parse(text, value);
 }

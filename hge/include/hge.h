@@ -182,6 +182,8 @@ struct HGE {
     virtual char* CALL Resource_EnumFiles(const char* wildcard = 0) = 0;
     virtual char* CALL Resource_EnumFolders(const char* wildcard = 0) = 0;
 
+    // Getters see a value at once. It is in the file, too, unless the disk is busy: then at the latest when
+    // the system has been shut down or another ini file is set.
     virtual void CALL Ini_SetInt(const char* section, const char* name, int value) = 0;
     virtual int CALL Ini_GetInt(const char* section, const char* name, int def_val) = 0;
     virtual void CALL Ini_SetFloat(const char* section, const char* name, float value) = 0;

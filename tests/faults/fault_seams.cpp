@@ -7,6 +7,7 @@
 #include <objbase.h>
 
 #include <algorithm>
+#include <mutex>
 #include <utility>
 
 namespace {
@@ -14,6 +15,7 @@ namespace {
 int g_failing_attempts = 0;
 bool g_removed = false;
 long long g_disk = -1;
+std::mutex g_disk_turn;
 HRESULT g_com = S_OK;
 DWORD g_ticks = 0;
 
@@ -116,6 +118,7 @@ HRESULT WINAPI FakeCreateDevice(IDXGIAdapter* adapter, D3D_DRIVER_TYPE type, HMO
     return result;
 }
 BOOL WINAPI FakeWriteFile(HANDLE file, LPCVOID bytes, DWORD size, LPDWORD written, LPOVERLAPPED overlapped) {
+    std::lock_guard turn(g_disk_turn);
     DWORD room = g_disk < 0 ? size : static_cast<DWORD>(std::min<long long>(g_disk, size));
     if (g_disk >= 0) g_disk -= room;
     BOOL done =
@@ -151,6 +154,9 @@ bool DeviceRemoved() {
 }
 void LimitDisk(long long bytes) {
     g_disk = bytes;
+}
+std::unique_lock<std::mutex> StallDisk() {
+    return std::unique_lock(g_disk_turn);
 }
 void AdvanceTicks(DWORD milliseconds) {
     g_ticks += milliseconds;

@@ -5,6 +5,8 @@
 #endif
 #include <windows.h>
 
+#include <mutex>
+
 // What the system refuses the program under test, until told otherwise.
 namespace fault_seams {
 
@@ -15,6 +17,8 @@ bool DeviceRemoved();
 
 // WriteFile takes so many bytes more and then the disk is full; -1 for no limit.
 void LimitDisk(long long bytes);
+// WriteFile waits as long as the lock is held.
+std::unique_lock<std::mutex> StallDisk();
 // GetTickCount goes forward.
 void AdvanceTicks(DWORD milliseconds);
 // CoCreateInstance gives this for every class; S_OK for the truth.

@@ -1,6 +1,9 @@
 // Full and read-only disks, and packs that somebody else changes: what was saved before stays.
 #include <gmock/gmock.h>
 
+#include <future>
+#include <thread>
+
 #include "faults/fault_seams.h"
 #include "support/files.h"
 #include "support/framework_fixture.h"
@@ -14,6 +17,8 @@ class FilesTest : public FrameworkTest {
     void TearDown() override { fault_seams::LimitDisk(-1); }
 
     static std::string Path(const char* name) { return hge_->Resource_MakePath(name); }
+    // Setting the ini file waits for what goes to the one before.
+    static void UseIni(const char* name) { hge_->System_SetState(HGE_INIFILE, name); }
     static size_t FilesLike(const char* pattern) { return test::FilesIn(Path(""), pattern).size(); }
 };
 
@@ -40,12 +45,14 @@ TEST_F(FilesTest, AFullDiskLeavesThePictureThatWasThere) {
 TEST_F(FilesTest, AFullOrReadOnlyDiskLeavesTheSettingsThatWereSaved) {
     std::string path = Path("full.ini");
     DeleteFileA(path.c_str());
-    hge_->System_SetState(HGE_INIFILE, "full.ini");
+    UseIni("full.ini");
     hge_->Ini_SetString("best", "player", "1200");
+    UseIni("full.ini");
     std::string saved = test::FileText(path);
     for (long long room : {0LL, 5LL, 20LL}) {
         fault_seams::LimitDisk(room);
         hge_->Ini_SetString("best", "player", "1300 and some more than before");
+        UseIni("full.ini");
         EXPECT_EQ(test::FileText(path), saved) << room;
         EXPECT_STREQ(hge_->Ini_GetString("best", "player", ""), "1200");
         EXPECT_EQ(FilesLike("full.ini*"), 1u);
@@ -57,7 +64,48 @@ TEST_F(FilesTest, AFullOrReadOnlyDiskLeavesTheSettingsThatWereSaved) {
     EXPECT_THAT(LogText(), HasSubstr("cannot write ini file \"" + path + "\": "));
     SetFileAttributesA(path.c_str(), FILE_ATTRIBUTE_NORMAL);
     hge_->Ini_SetString("best", "player", "1400");
+    UseIni("full.ini");
     EXPECT_STREQ(hge_->Ini_GetString("best", "player", ""), "1400");
+    DeleteFileA(path.c_str());
+}
+
+TEST_F(FilesTest, ABusyDiskHoldsUpNoFrameAndLosesNoSetting) {
+    std::string path = Path("busy.ini");
+    DeleteFileA(path.c_str());
+    UseIni("busy.ini");
+    hge_->Ini_SetInt("best", "first", 1);
+    UseIni("busy.ini");
+    std::string saved = test::FileText(path);
+    std::promise<void> stalled, shutting_down;
+    std::thread disk([&] {
+        auto busy = fault_seams::StallDisk();
+        stalled.set_value();
+        shutting_down.get_future().wait();
+        // Longer than all else that shutting down does.
+        Sleep(1500);
+    });
+    stalled.get_future().wait();
+    for (int i = 0; i < 50; ++i)
+        hge_->Ini_SetInt("scores", std::to_string(i).c_str(), i);
+    EXPECT_EQ(hge_->Ini_GetInt("scores", "49", -1), 49);
+    EXPECT_EQ(hge_->Ini_GetInt("best", "first", -1), 1);
+    EXPECT_EQ(hge_->Ini_GetInt("scores", "50", -1), -1);
+    EXPECT_EQ(test::FileText(path), saved);
+    shutting_down.set_value();
+    hge_->System_Shutdown();
+    saved = test::FileText(path);
+    EXPECT_THAT(saved, testing::AllOf(HasSubstr("first=1"), HasSubstr("\n0=0"), HasSubstr("\n49=49")));
+    disk.join();
+
+    ASSERT_TRUE(hge_->System_Initiate());
+    {
+        auto busy = fault_seams::StallDisk();
+        fault_seams::LimitDisk(0);
+        hge_->Ini_SetInt("scores", "50", 50);
+    }
+    UseIni("");
+    EXPECT_EQ(test::FileText(path), saved);
+    EXPECT_THAT(LogText(), HasSubstr("cannot write ini file \"" + path + "\": Disk full"));
     DeleteFileA(path.c_str());
 }
 

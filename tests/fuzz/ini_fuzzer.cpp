@@ -19,6 +19,7 @@ std::string Stripped(std::string text) {
 int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
     std::string text(reinterpret_cast<const char*>(data), size);
     PROMISED(Stripped(hge::QuotedIniValue(text)) == text);
+    PROMISED(hge::UnquotedIniValue(hge::QuotedIniValue(text)) == text);
     int whole = 0;
     float broken = 0;
     if (!hge::ParseIniNumber(text, &whole)) PROMISED(whole == 0);

@@ -5,6 +5,7 @@
 #include <climits>
 #include <clocale>
 
+#include "core/ini_text.h"
 #include "hge/resources/test_data.h"
 
 namespace {
@@ -22,6 +23,10 @@ class IniFileTest : public testing::Test {
         log_.Open(Out("ini.log"));
     }
     std::string LogText() { return FileText(Out("ini.log")); }
+    std::string Saved() {
+        ini_.Flush();
+        return FileText(Out("settings.ini"));
+    }
 
     Log log_;
     IniFile ini_{log_, Out("settings.ini")};
@@ -43,10 +48,11 @@ TEST_F(IniFileTest, BadInputIsHarmless) {
     EXPECT_THAT(LogText(), HasSubstr("a null section or name"));
     ini_.SetString("a", "b", "two\nlines");
     EXPECT_THAT(LogText(), HasSubstr("a value with a line break was not written"));
-    EXPECT_FALSE(test_data::Exists(Out("settings.ini")));
+    EXPECT_EQ(Saved(), "");
 
     IniFile lost(log_, Out("no such folder\\x.ini"));
     lost.SetInt("a", "b", 1);
+    lost.Flush();
     EXPECT_THAT(LogText(), HasSubstr("no such folder\\x.ini\": "));
 }
 
@@ -85,10 +91,27 @@ TEST_F(IniFileTest, TextComesBackAsItWas) {
 
 TEST_F(IniFileTest, TheFileIsOrdinaryAndFoundAgainByAnother) {
     ini_.SetInt("screen", "width", 800);
-    EXPECT_THAT(FileText(Out("settings.ini")), testing::ContainsRegex("\\[screen\\]\r?\nwidth ?= ?800"));
+    EXPECT_THAT(Saved(), testing::ContainsRegex("\\[screen\\]\r?\nwidth ?= ?800"));
     IniFile other(log_, "");
     other.SetPath(Out("settings.ini"));
     EXPECT_EQ(other.GetInt("SCREEN", "Width", 0), 800);
+}
+
+// A text that has not reached the disk yet is read by our own reader.
+TEST_F(IniFileTest, TheTextIsReadAsTheSystemReadsIt) {
+    const std::string text =
+        "\xEF\xBB\xBFstray=0\r\n [ One ] \r\n; note=1\n  key  =  a = b  \r\nquoted=\" x \"\nsingle='y'\r\n"
+        "half=\"z\nempty=\nkey=second\n\n[Two]\nkey=\"\"\n[one]\nlate=1\n[last]\nend=9";
+    std::ofstream(Out("text.ini"), std::ios::binary) << text;
+    for (const char* section : {"One", "one ", "TWO", "last", "none"})
+        for (const char* name : {"stray", "; note", "KEY", " key ", "quoted", "single", "half", "empty",
+                                 "late", "end", "none"}) {
+            char system[100];
+            GetPrivateProfileStringA(section, name, "(none)", system, sizeof system, Out("text.ini").c_str());
+            std::string own = "(none)";
+            hge::GetIniValue(text, section, name, &own);
+            EXPECT_EQ(own, system) << section << '.' << name;
+        }
 }
 
 }  // namespace
