@@ -175,9 +175,13 @@ Block ZipArchive::Read(const ZipEntry& entry, const std::string& password, std::
 
     Block block = Block::Allocate(entry.size);
     if (!block.bytes) return Failure(reason, "too large for the memory");
-    if (const char* trouble = Unpack(entry, packed, block)) return Failure(reason, trouble);
-    if (crc32(0, block.bytes.get(), block.size) != entry.crc) return Failure(reason, "CRC mismatch");
-    return block;
+    const char* trouble = Unpack(entry, packed, block);
+    if (!trouble && crc32(0, block.bytes.get(), block.size) != entry.crc) trouble = "CRC mismatch";
+    if (!trouble) return block;
+    // One wrong password of 256 goes unnoticed until here.
+    *reason = trouble;
+    if (IsEncrypted(entry)) *reason += ", or a wrong password";
+    return {};
 }
 
 }  // namespace hge

@@ -1,11 +1,15 @@
-// A screen of controls under a real mouse: each notification and each change of place is a line of
-// controls_trace.txt. Ends itself on Escape.
+// A screen of controls under a real mouse and a ball for its cursor: each notification, each change of place
+// and each press that the host gets is a line of controls_trace.txt. Ends itself on Escape.
 #include <drill2d/drill2d.h>
 
-#include "e2e/trace.h"
+#include <cstdio>
+
 #include "support/notify_text.h"
+#include "support/silent_sink.h"
 
 namespace {
+
+std::FILE* g_trace = nullptr;
 
 // Each control has a sink with its name.
 class NamedSink final : public INotifyMsg {
@@ -39,8 +43,18 @@ class Screen : public SilentSink {
         Add(new CGameButton, &through_, 200, 150, 100, 40)->SetMouseThrough(false);
         Add(new CGameButton, &disabled_, 50, 250, 100, 40)->EnableWindow(false);
         Add(new CGameCheckBox, &box_, 200, 250, 40, 40);
+        CGameResourceManager* res = CGameResourceManager::getInstance();
+        res->AttachHge(Engine()->GetHge());
+        res->AttachPacket("hello.zip");
+        res->SetCurPacket("hello.zip");
+        for (int i = 0; i < 2; ++i)
+            Engine()->SetCursor("ball.png", res);
         std::fprintf(g_trace, "OnInit\n");
     }
+    void OnLButtonDown(float x, float y) override { std::fprintf(g_trace, "left down %g,%g\n", x, y); }
+    void OnLButtonUp(float x, float y) override { std::fprintf(g_trace, "left up %g,%g\n", x, y); }
+    void OnRButtonDown(float x, float y) override { std::fprintf(g_trace, "right down %g,%g\n", x, y); }
+    void OnRButtonUp(float x, float y) override { std::fprintf(g_trace, "right up %g,%g\n", x, y); }
     void OnFrame(float, int) override {
         hgeRect at = child_->GetRect();
         if (at.x1 != child_x_ || at.y1 != child_y_) {
@@ -72,5 +86,13 @@ class Screen : public SilentSink {
 }  // namespace
 
 int main() {
-    return TraceHost<Screen>("controls_trace");
+    g_trace = std::fopen("controls_trace.txt", "wb");
+    if (!g_trace) return 2;
+    // The test reads along.
+    std::setvbuf(g_trace, nullptr, _IONBF, 0);
+    Screen host;
+    bool ran = RunHost(&host, 800, 600, "controls_trace");
+    std::fprintf(g_trace, "end\n");
+    std::fclose(g_trace);
+    return ran ? 0 : 1;
 }

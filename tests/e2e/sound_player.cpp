@@ -2,8 +2,8 @@
 // $1: the folder, with a slash at its end.
 #include <drill2d/drill2d.h>
 
+#include <iterator>
 #include <string>
-#include <vector>
 
 #include "support/silent_sink.h"
 
@@ -11,56 +11,28 @@ namespace {
 
 std::string g_folder;
 
-class Player : public SilentSink {
- public:
+struct Player : SilentSink {
     void OnFrame(float dt, int) override {
-        time_ += dt;
-        while (next_ < steps_.size() && time_ >= steps_[next_].seconds)
-            (this->*steps_[next_++].action)();
+        // tone.wav lasts half a second.
+        static const std::pair<float, void (*)()> kSteps[] = {
+            {0.5f, [] { Play(); }},
+            {1.5f, [] { Engine()->GetHge()->Channel_SetPanning(Play()->channel, -100); }},
+            {2.5f, [] { Engine()->PlayMusic((g_folder + "short.wav").c_str(), true); }},
+            {3.5f, [] { Engine()->PlayMusic((g_folder + "other.wav").c_str(), true); }},
+            {4.5f, [] { Engine()->StopMusic(); }},
+            {5.0f, [] { PostQuitMessage(0); }}};
+        sounds = Engine()->GetSoundSize();
+        for (time_ += dt; next_ < std::size(kSteps) && time_ >= kSteps[next_].first; ++next_)
+            kSteps[next_].second();
     }
-
-    bool reaped() const { return reaped_; }
+    size_t sounds = 0;  // in the last frame
 
  private:
-    struct Step {
-        float seconds;
-        void (Player::*action)();
-    };
-
-    static std::string Path(const char* name) { return g_folder + name; }
-
-    void PlayPlain() { Engine()->Play2DSound(Path("tone.wav").c_str()); }
-    void PlayQuiet() { Play(50, 0, 1.0f); }
-    void PlayLeft() { Play(100, -100, 1.0f); }
-    void PlayHalfRight() { Play(100, 50, 1.0f); }
-    void PlayHigh() { Play(100, 0, 1.5f); }
-    void PlayLoop() { Engine()->PlayMusic(Path("short.wav").c_str(), true); }
-    void ReplaceMusic() { Engine()->PlayMusic(Path("other.wav").c_str(), true); }
-    void StopMusic() { Engine()->StopMusic(); }
-    void Quit() {
-        reaped_ = Engine()->GetSoundSize() == 0;
-        PostQuitMessage(0);
-    }
     // The engine frees the effect when it has played.
-    void Play(int volume, int pan, float pitch) {
-        HGE* hge = Engine()->GetHge();
-        EffectHandle* sound = Engine()->Play2DSound(Path("tone.wav").c_str());
-        if (!sound) return;
-        hge->Channel_SetVolume(sound->channel, volume);
-        hge->Channel_SetPanning(sound->channel, pan);
-        hge->Channel_SetPitch(sound->channel, pitch);
-    }
+    static EffectHandle* Play() { return Engine()->Play2DSound((g_folder + "tone.wav").c_str()); }
 
-    // tone.wav lasts half a second.
-    const std::vector<Step> steps_ = {
-        {0.5f, &Player::PlayPlain},     {1.5f, &Player::PlayQuiet}, {2.5f, &Player::PlayLeft},
-        {3.5f, &Player::PlayHalfRight}, {4.5f, &Player::PlayHigh},  {5.5f, &Player::PlayLoop},
-        {6.5f, &Player::StopMusic},     {7.0f, &Player::PlayLoop},  {7.3f, &Player::ReplaceMusic},
-        {8.0f, &Player::StopMusic},     {8.5f, &Player::Quit},
-    };
     size_t next_ = 0;
     float time_ = 0;
-    bool reaped_ = false;
 };
 
 }  // namespace
@@ -69,5 +41,5 @@ int main(int argc, char** argv) {
     if (argc < 2) return 2;
     g_folder = argv[1];
     Player player;
-    return RunHost(&player, 320, 240, "sounds") && player.reaped() ? 0 : 1;
+    return RunHost(&player, 320, 240, "sounds") && player.sounds == 0 ? 0 : 1;
 }

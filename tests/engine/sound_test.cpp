@@ -75,20 +75,6 @@ TEST_F(SoundTest, ReapsNeighboursThatEndInTheSameFrame) {
     EXPECT_THAT(Effects(), IsEmpty()) << "also while the window is inactive";
 }
 
-TEST_F(SoundTest, HundredThousandSoundsComeAndGo) {
-    for (int i = 0; i < 100000; ++i) {
-        ASSERT_TRUE(Engine()->Play2DSound("a.wav"));
-        // Three play at a time.
-        if (Engine()->GetSoundSize() < 3) continue;
-        EndChannelOf(i % 3);
-        C2DGameEngine::FrameFuc();
-        ASSERT_EQ(Engine()->GetSoundSize(), 2u);
-        std::erase_if(Recording().channels, [](const auto& entry) { return !entry.second.playing; });
-        Recording().ClearCalls();
-    }
-    EXPECT_EQ(Recording().effects.size(), 2u);
-}
-
 TEST_F(SoundTest, ReplacesTheMusicAlsoByNothing) {
     Recording().missing = {"none.ogg"};
     Engine()->PlayMusic("a.ogg", true);

@@ -1,26 +1,26 @@
-// The Direct3D device, the window, COM and the screen go away in the middle of a frame.
+// The Direct3D device goes away in the middle of a frame, and COM from the start.
 #include <gmock/gmock.h>
 
-#include "drill2d/flash.h"
 #include "faults/fault_seams.h"
 #include "hgesprite.h"
 #include "support/framework_fixture.h"
-#include "support/picture.h"
 
 namespace {
 
 using testing::HasSubstr;
 
-std::function<bool(int)> g_on_frame;
-std::function<void(int)> g_on_render;
+std::function<void()> g_first_frame;
 int g_frame = 0, g_restored = 0;
 
 class DeviceTest : public FrameworkTest {
  protected:
     static void SetUpTestSuite() {
         FrameworkTest::SetUpTestSuite();
-        hge_->System_SetState(HGE_FRAMEFUNC, [] { return g_on_frame && g_on_frame(g_frame); });
-        hge_->System_SetState(HGE_RENDERFUNC, [] { return g_on_render(g_frame++), false; });
+        hge_->System_SetState(HGE_FRAMEFUNC, [] { return g_frame == 8; });
+        hge_->System_SetState(HGE_RENDERFUNC, [] {
+            if (g_frame++ == 0) g_first_frame();
+            return false;
+        });
         hge_->System_SetState(HGE_GFXRESTOREFUNC, [] { return ++g_restored, false; });
         hge_->System_SetState(HGE_DONTSUSPEND, true);
         hge_->Resource_AttachPack(TEST_DATA "faults.zip");
@@ -28,18 +28,6 @@ class DeviceTest : public FrameworkTest {
     static void TearDownTestSuite() {
         hge_->Resource_RemoveAllPacks();
         FrameworkTest::TearDownTestSuite();
-    }
-
-    // Frames of the real loop.
-    static void Run(int frames, std::function<void(int)> render) {
-        g_frame = g_restored = 0;
-        g_on_frame = [frames](int frame) { return frame >= frames; };
-        g_on_render = std::move(render);
-        EXPECT_TRUE(hge_->System_Start());
-    }
-    static void Draw(HTEXTURE tex, float x) {
-        hgeSprite sprite(tex, 0, 0, 40, 30);
-        sprite.Render(x, 10);
     }
 };
 
@@ -77,21 +65,22 @@ TEST_F(DeviceTest, ARemovedDeviceComesBackWithEverything) {
         int attempts = removed_at % 2 * 2;
         SCOPED_TRACE(testing::Message() << "before step " << removed_at << ", " << attempts);
         hgeCounters before = Counters();
-        Run(8, [&](int number) {
-            if (number != 0) return;
+        g_frame = g_restored = 0;
+        g_first_frame = [&] {
             for (int step = 0; step < Frame::kSteps; ++step) {
                 if (step == removed_at) fault_seams::RemoveDevice(attempts);
                 frame.Step(step);
             }
-        });
+        };
+        EXPECT_TRUE(hge_->System_Start());
         EXPECT_EQ(g_restored, 1);
         EXPECT_FALSE(fault_seams::DeviceRemoved());
         EXPECT_TRUE(frame.late && frame.late_target);
         hge_->Gfx_LoadEffect(nullptr);
         hge::Image screen = Picture([&] {
-            Draw(frame.picture, 10);
-            Draw(frame.late, 60);
-            Draw(frame.drawn, 110);
+            hgeSprite(frame.picture, 0, 0, 40, 30).Render(10, 10);
+            hgeSprite(frame.late, 0, 0, 40, 30).Render(60, 10);
+            hgeSprite(frame.drawn, 0, 0, 40, 30).Render(110, 10);
         });
         EXPECT_EQ(screen.pixels[25 * 800 + 20], screen.pixels[25 * 800 + 70]);
         EXPECT_NE(screen.pixels[25 * 800 + 20], 0xFF000000);
@@ -110,43 +99,13 @@ TEST_F(DeviceTest, ARemovedDeviceComesBackWithEverything) {
     hge_->Target_Free(frame.target);
 }
 
-TEST_F(DeviceTest, WithoutComPicturesAreRefusedWithTheReasonAndMoviesShowNothing) {
-    // The missing control is told once for each manager.
-    FlashManager::CreatFlashManager(hge_);
-    FlashManager::DestroyFlashManager();
+TEST_F(DeviceTest, WithoutComPicturesAreRefusedWithTheReason) {
     fault_seams::FailCom(REGDB_E_CLASSNOTREG);
     EXPECT_EQ(hge_->Texture_Load("picture.png"), 0u);
     EXPECT_THAT(hge_->System_GetErrorMessage(), HasSubstr("picture.png"));
-    {
-        FlashPlayer player;
-        EXPECT_FALSE(player.StartAnimation("C:\\m", 10, 10, nullptr));
-    }
-    EXPECT_THAT(LogText(), HasSubstr("No movie control found"));
     fault_seams::FailCom(S_OK);
     HTEXTURE tex = hge_->Texture_Load("picture.png");
     EXPECT_NE(tex, 0u);
-    hge_->Texture_Free(tex);
-}
-
-// Last: the window does not come back before the next start.
-TEST_F(DeviceTest, AWindowThatSomebodyElseDestroysEndsTheLoop) {
-    HTEXTURE tex = hge_->Texture_Create(40, 30);
-    for (bool in_scene : {false, true}) {
-        int frames = 0;
-        Run(100, [&](int) {
-            ++frames;
-            if (!in_scene) DestroyWindow(hge_->System_GetState(HGE_HWND));
-            hge_->Gfx_BeginScene(0);
-            if (in_scene) DestroyWindow(hge_->System_GetState(HGE_HWND));
-            Draw(tex, 10);
-            hge_->Gfx_EndScene();
-        });
-        EXPECT_EQ(frames, 1);
-        EXPECT_EQ(hge_->System_GetState(HGE_HWND), nullptr);
-        hge_->System_Shutdown();
-        ASSERT_TRUE(hge_->System_Initiate()) << hge_->System_GetErrorMessage();
-        tex = hge_->Texture_Create(40, 30);
-    }
     hge_->Texture_Free(tex);
 }
 

@@ -3,14 +3,13 @@
 
 #include <memory>
 
-#include "drill2d/controls.h"
 #include "drill2d/flash.h"
-#include "drill2d/font.h"
 #include "drill2d/resources.h"
-#include "drill2d/scenes.h"
+#include "gui/owning_label.h"
 #include "hgegui.h"
 #include "support/failing_memory.h"
 #include "support/framework_fixture.h"
+#include "support/noted_scene.h"
 
 namespace {
 
@@ -53,11 +52,11 @@ class MemoryTest : public FrameworkTest {
             before = after;
         }
     }
-
- private:
     static std::vector<DWORD> Holdings(const hgeCounters& c) {
         return {c.textures, c.targets, c.resource_blocks, c.packs, c.references, c.effects, c.streams};
     }
+
+ private:
     // False when no allocation was left to fail.
     template <class F>
     static bool FailsCleanly(F& operation, int nth, bool lasting) {
@@ -146,6 +145,60 @@ TEST_F(MemoryTest, AFrameLosesQuadsAtMost) {
     hge_->Texture_Free(large);
 }
 
+TEST_F(MemoryTest, TextThatWasSeenBeforeTakesNone) {
+    // So large that rasterising needs memory.
+    auto font = std::make_unique<GfxFont>("Arial", 200, 0, 0, 1);
+    OwningLabel label;
+    label.SetFont("Arial", 18, false, false, true);
+    label.MoveWindow(0, 0, 300, 40, true);
+    label.setformat(FORMAT_CENTER);
+    label.SetText("label");
+    auto needs_memory = [&] {
+        failing_memory::Fail(1, true);
+        font->Render(0, 0, L"text");
+        font->Print(0, 20, "%s %d", "print", 42);
+        font->GetTextSize(L"text");
+        label.Render();
+        return failing_memory::Stop();
+    };
+    Scene([&] { EXPECT_TRUE(needs_memory()) << "for the first drawing"; });
+    Scene([&] { font->Render(0, 0, L"text print 42"), label.Render(); });
+    Scene([&] { EXPECT_FALSE(needs_memory()); });
+}
+
+TEST_F(MemoryTest, ControlsAndWhatTheyUseMayGoInAnyOrder) {
+    size_t live = 0;
+    hgeCounters before = {};
+    for (const char* order : {"fwbly", "yblwf", "wybfl", "lfywb", "bfwyl"}) {
+        auto font = std::make_unique<GfxFont>("Arial", 18, 0, 0, 1);
+        auto window = std::make_unique<CGameWindow>();
+        auto button = std::make_unique<CGameButton>();
+        auto label = std::make_unique<OwningLabel>();
+        window->InitWindow("picture.png", {260, 180});
+        for (int i = 0; i < 2; ++i)
+            button->LoadImageInfo("picture.png");
+        button->SetFont(font.get());
+        button->SetCaption("OK");
+        label->SetFont("Arial", 18, false, false, true);
+        auto layout = std::make_unique<CLayout>(window.get());
+        layout->AddControl(button.get());
+        window->SetLayOut(layout.get());
+        Scene([&] { button->Render(); });
+        layout->RemoveAll();
+        for (; *order; ++order) {
+            if (*order == 'f') font.reset();
+            if (*order == 'w') window.release()->Release();
+            if (*order == 'b') button.reset();
+            if (*order == 'l') label.reset();
+            if (*order == 'y') layout.reset();
+        }
+        // What is kept once is there after the first time.
+        if (!live) live = failing_memory::LiveBlocks(), before = Counters();
+        EXPECT_LE(failing_memory::LiveBlocks(), live);
+        EXPECT_EQ(Holdings(Counters()), Holdings(before));
+    }
+}
+
 TEST_F(MemoryTest, TheSystemStartsOrSaysWhyNot) {
     hge_->System_Shutdown();
     int failures = 0;
@@ -167,20 +220,6 @@ TEST_F(MemoryTest, TheSystemStartsOrSaysWhyNot) {
 
 struct Plate : hgeGUIObject {
     void Render() override {}
-};
-
-struct EmptyScene : IScener {
-    void show() override {}
-    void hide() override {}
-    void render() override {}
-    void update(float) override {}
-    void save_ctl_status() override {}
-    void repeat_status() override {}
-    void mouse_lbdown(float, float) override {}
-    void mouse_lbup(float, float) override {}
-    void mouse_rbdown(float, float) override {}
-    void mouse_rbup(float, float) override {}
-    void mouse_move(float, float) override {}
 };
 
 // Names short enough to need no memory of the caller's.
@@ -253,7 +292,7 @@ TEST_F(MemoryTest, TheKitFailsCleanly) {
         return started;
     });
     Starve("a scene", [] {
-        EmptyScene scene;
+        NotedScene scene;
         SceneManager scenes;
         return scenes.register_scene(&scene) && scenes.switch_scene(&scene);
     });

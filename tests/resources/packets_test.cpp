@@ -91,14 +91,4 @@ TEST_F(PacketsTest, EachOwnerFreesItsOwnTextures) {
     hge_->Texture_Free(CGameResourceManager::getInstance()->find_tex("one_002.png"));
 }
 
-TEST_F(PacketsTest, ChineseNamesAreFoundUnderTheCodePage) {
-    if (GetACP() != 936) GTEST_SKIP() << "the ANSI code page is " << GetACP();
-    CGameResourceManager manager(hge_);
-    manager.AttachPacket(Pack("names").c_str());
-    manager.SetCurPacket(Pack("names"));
-    CGameSprite sprite(&manager, "\xcd\xbc\xc6\xac.png", true);
-    EXPECT_EQ(sprite.GetWidth(true), 24);
-    manager.FreePacketResource(Pack("names"));
-}
-
 }  // namespace

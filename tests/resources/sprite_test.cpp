@@ -59,21 +59,19 @@ TEST_F(SpriteTest, SizesAreTheTexturesAndTheImages) {
     ExpectRect(original, 100, 60);
     CGameSprite created(&manager_, "a.png", false);
     ExpectRect(created, 128, 64);
+    created.SetTexture(Recording().AddTexture(4, 4));
+    EXPECT_EQ(created.GetWidth(true), 100) << "the sizes stay those of the loaded image";
 }
 
-TEST_F(SpriteTest, StateIsThatOfThePlatformSprite) {
+TEST_F(SpriteTest, PassesItsStateOn) {
     CGameSprite sprite(&manager_, "a.png", true);
-    sprite.SetTextureRect(10, 20, 30, 40, true);
     sprite.SetColor(0x80112233, 2);
     sprite.SetZ(0.25f, 1);
-    sprite.SetHotSpot(5, 6);
-    EXPECT_TRUE(sprite.GetColor(2) == 0x80112233 && sprite.GetColor(0) == 0xFFFFFFFF);
-    EXPECT_EQ(sprite.GetZ(1), 0.25f);
-    hgeRect box;
-    EXPECT_EQ(sprite.GetBoundingBox(100, 200, &box), &box);
-    EXPECT_THAT(Edges(box), ElementsAre(95, 194, 125, 234));
-    sprite.SetTexture(Recording().AddTexture(4, 4));
-    EXPECT_EQ(sprite.GetWidth(true), 100) << "the sizes stay those of the loaded image";
+    sprite.RenderStretch(1, 2, 3, 4);
+    sprite.Render4V(1, 2, 3, 4, 5, 6, 7, 8);
+    EXPECT_THAT(Recording().CallsMatching("Gfx"),
+                ElementsAre("Gfx_RenderQuad(tex 1, 1,2 3,4)", "Gfx_RenderQuad(tex 1, 1,2 5,6)"));
+    EXPECT_TRUE(Recording().quads[0].v[2].col == 0x80112233 && Recording().quads[0].v[1].z == 0.25f);
 }
 
 }  // namespace

@@ -1,9 +1,9 @@
 #include <cstring>
 #include <sstream>
 
-#include "drill2d/scenes.h"
 #include "gmock/gmock.h"
 #include "gtest/gtest.h"
+#include "support/noted_scene.h"
 
 namespace {
 
@@ -12,24 +12,12 @@ using testing::IsEmpty;
 
 std::vector<std::string> g_calls;
 
-class RecordingScene : public IScener {
+class RecordingScene : public NotedScene {
  public:
     explicit RecordingScene(std::string name) : name_(std::move(name)) {}
 
-    void show() override { Record("show"); }
-    void hide() override { Record("hide"); }
-    void render() override { Record("render"); }
-    void update(float dt) override { Record("update", {dt}); }
-    void save_ctl_status() override { Record("save"); }
-    void repeat_status() override { Record("repeat"); }
-    void mouse_lbdown(float x, float y) override { Record("lbdown", {x, y}); }
-    void mouse_lbup(float x, float y) override { Record("lbup", {x, y}); }
-    void mouse_rbdown(float x, float y) override { Record("rbdown", {x, y}); }
-    void mouse_rbup(float x, float y) override { Record("rbup", {x, y}); }
-    void mouse_move(float x, float y) override { Record("move", {x, y}); }
-
  private:
-    void Record(const char* call, std::initializer_list<float> arguments = {}) {
+    void Note(const char* call, std::initializer_list<float> arguments) override {
         std::ostringstream line;
         line << name_ << '.' << call;
         for (float argument : arguments)

@@ -123,19 +123,12 @@ void RecordingHge::System_SetState(hgeFuncState state, hgeCallback value) {
     Record(__func__, state, value);
     functions_[state] = value;
 }
-void RecordingHge::System_SetState(hgeStringState state, const char* value) {
-    Record(__func__, state, value);
-    texts_[state] = value ? value : "";
-}
 HWND RecordingHge::System_GetState(hgeHwndState state) {
     Record(__func__, state);
     return initiated && state == HGE_HWND ? window : nullptr;
 }
 hgeCallback RecordingHge::System_GetState(hgeFuncState state) {
     return Give(functions_[state], __func__, state);
-}
-const char* RecordingHge::System_GetState(hgeStringState state) {
-    return Give(texts_[state].c_str(), __func__, state);
 }
 
 void* RecordingHge::Resource_Load(const char* filename, DWORD* size) {
@@ -158,43 +151,7 @@ void RecordingHge::Resource_Free(void* res) {
 
 bool RecordingHge::Resource_AttachPack(const char* filename, const char* password) {
     Record(__func__, filename, password);
-    if (!attach_result || !filename) return false;
-    packs.push_back(filename);
-    return true;
-}
-
-void RecordingHge::Resource_RemovePack(const char* filename) {
-    Record(__func__, filename);
-    if (filename) std::erase(packs, filename);
-}
-
-void RecordingHge::Resource_RemoveAllPacks() {
-    Record(__func__);
-    packs.clear();
-}
-
-char* RecordingHge::Resource_MakePath(const char* filename) {
-    Record(__func__, filename);
-    answer_ = std::string("C:\\game\\") + (filename ? filename : "");
-    return answer_.data();
-}
-
-void RecordingHge::Ini_SetInt(const char* section, const char* name, int value) {
-    Record(__func__, section, name, value);
-    ini_[std::string(section) + "/" + name] = std::to_string(value);
-}
-int RecordingHge::Ini_GetInt(const char* section, const char* name, int def_val) {
-    std::string entry = ini_[std::string(section) + "/" + name];
-    return Give(entry.empty() ? def_val : std::stoi(entry), __func__, section, name, def_val);
-}
-void RecordingHge::Ini_SetString(const char* section, const char* name, const char* value) {
-    Record(__func__, section, name, value);
-    ini_[std::string(section) + "/" + name] = value ? value : "";
-}
-char* RecordingHge::Ini_GetString(const char* section, const char* name, const char* def_val) {
-    auto entry = ini_.find(std::string(section) + "/" + name);
-    answer_ = entry == ini_.end() ? def_val : entry->second;
-    return Give(answer_.data(), __func__, section, name, def_val);
+    return attach_result && filename;
 }
 
 HEFFECT RecordingHge::Effect_Load(const char* filename, DWORD size) {

@@ -50,7 +50,6 @@ class RecordingHge final : public UnusedHge {
     std::set<DWORD> effects;
     std::map<HCHANNEL, Channel> channels;
     std::map<void*, std::unique_ptr<char[]>> blocks;
-    std::vector<std::string> packs;
     int references = 0;
 
     // Calls in order as `Name(arguments)`; Calls leaves out getters, input and reference counting.
@@ -79,35 +78,28 @@ class RecordingHge final : public UnusedHge {
     bool CALL System_Initiate() override { return initiated = Give(initiate_result, __func__); }
     void CALL System_Shutdown() override { initiated = Give(false, __func__); }
     bool CALL System_Start() override { return Give(true, __func__) && (on_start ? on_start() : initiated); }
-    char* CALL System_GetErrorMessage() override { return Give(answer_.data(), __func__); }
+    char* CALL System_GetErrorMessage() override { return Give(error_.data(), __func__); }
     void CALL System_Log(const char* format, ...) override;
     void CALL System_Snapshot(const char* filename) override { Record(__func__, filename); }
     void CALL System_SetState(hgeBoolState state, bool value) override { Set(state, value, value); }
     void CALL System_SetState(hgeIntState state, int value) override { Set(state, value, value); }
     void CALL System_SetState(hgeHwndState state, HWND value) override { Set(state, value, 0); }
     void CALL System_SetState(hgeFuncState state, hgeCallback value) override;
-    void CALL System_SetState(hgeStringState state, const char* value) override;
+    void CALL System_SetState(hgeStringState state, const char* value) override { Set(state, value, 0); }
     bool CALL System_GetState(hgeBoolState state) override {
         return Give(numbers_[state] != 0, __func__, state);
     }
     int CALL System_GetState(hgeIntState state) override { return Give(numbers_[state], __func__, state); }
     HWND CALL System_GetState(hgeHwndState state) override;
     hgeCallback CALL System_GetState(hgeFuncState state) override;
-    const char* CALL System_GetState(hgeStringState state) override;
+    const char* CALL System_GetState(hgeStringState) override { return Unused(__func__); }
     float CALL Timer_GetDelta() override { return Give(delta, __func__); }
 
     void* CALL Resource_Load(const char* filename, DWORD* size) override;
     void CALL Resource_Free(void* res) override;
     bool CALL Resource_AttachPack(const char* filename, const char* password) override;
-    void CALL Resource_RemovePack(const char* filename) override;
-    void CALL Resource_RemoveAllPacks() override;
-    char* CALL Resource_MakePath(const char* filename) override;
-
-    void CALL Ini_SetInt(const char* section, const char* name, int value) override;
-    int CALL Ini_GetInt(const char* section, const char* name, int def_val) override;
-    void CALL Ini_SetString(const char* section, const char* name, const char* value) override;
-    char* CALL Ini_GetString(const char* section, const char* name, const char* def_val) override;
-    float CALL Random_Float(float min, float max) override { return Give(min, __func__, min, max); }
+    void CALL Resource_RemovePack(const char* filename) override { Record(__func__, filename); }
+    void CALL Resource_RemoveAllPacks() override { Record(__func__); }
 
     HEFFECT CALL Effect_Load(const char* filename, DWORD size) override;
     void CALL Effect_Free(HEFFECT eff) override;
@@ -172,9 +164,7 @@ class RecordingHge final : public UnusedHge {
     DWORD next_handle_ = 1;
     std::map<int, int> numbers_ = {{HGE_SCREENWIDTH, 800}, {HGE_SCREENHEIGHT, 600}};
     std::map<int, hgeCallback> functions_;
-    std::map<int, std::string> texts_;
-    std::map<std::string, std::string> ini_;
-    std::string answer_;
+    std::string error_;
     bool in_scene_ = false;
 };
 

@@ -2,18 +2,24 @@
 
 #include "hge.h"
 
-// Operations of the framework that neither the kit nor the examples use: each tells its name and gives
+// Operations of the framework that the kit does not use: each tells its name and gives
 // nothing.
 class UnusedHge : public HGE {
  public:
     bool CALL System_Launch(const char*) override { return Unused(__func__); }
+    char* CALL Resource_MakePath(const char*) override { return Unused(__func__); }
     char* CALL Resource_EnumFiles(const char*) override { return Unused(__func__); }
     char* CALL Resource_EnumFolders(const char*) override { return Unused(__func__); }
 
+    void CALL Ini_SetInt(const char*, const char*, int) override { Unused(__func__); }
+    int CALL Ini_GetInt(const char*, const char*, int) override { return Unused(__func__); }
+    void CALL Ini_SetString(const char*, const char*, const char*) override { Unused(__func__); }
+    char* CALL Ini_GetString(const char*, const char*, const char*) override { return Unused(__func__); }
     void CALL Ini_SetFloat(const char*, const char*, float) override { Unused(__func__); }
     float CALL Ini_GetFloat(const char*, const char*, float) override { return Unused(__func__); }
     void CALL Random_Seed(int) override { Unused(__func__); }
     int CALL Random_Int(int, int) override { return Unused(__func__); }
+    float CALL Random_Float(float, float) override { return Unused(__func__); }
     float CALL Timer_GetTime() override { return Unused(__func__); }
     int CALL Timer_GetFPS() override { return Unused(__func__); }
 

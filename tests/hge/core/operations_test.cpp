@@ -99,6 +99,10 @@ TEST(Operations, AreHarmlessWhileItRunsAndAfterIt) {
     HTEXTURE texture = hge->Texture_Create(8, 8);
     HTARGET target = hge->Target_Create(8, 8, false);
     ASSERT_NE(texture, 0u);
+    UseSounds(hge.hge, texture);
+    EXPECT_EQ(hge->Texture_GetWidth(texture), 8) << "a texture is no sound";
+    for (const char* kind : {"effect", "stream", "channel"})
+        EXPECT_THAT(ReadLog(), HasSubstr(std::string("is no live ") + kind));
     hge->System_Shutdown();
     hge->System_Shutdown();
     UseEverythingBadly(hge.hge);

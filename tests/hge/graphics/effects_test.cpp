@@ -3,6 +3,7 @@
 
 #include "graphics/effect_text.h"
 #include "hge/graphics/renderer_fixture.h"
+#include "support/files.h"
 
 namespace test {
 
@@ -234,6 +235,33 @@ TEST_F(EffectsTest, DeadTexturesAndTheTargetItselfAreRefused) {
     // Without a first texture there is white.
     EXPECT_EQ(At(Screen([&] { DrawBoth(0, 0, 0, own); }), 3, 3), 0xFFFFFFFF);
     gfx().FreeTarget(target);
+}
+
+// One pixel, left of where the first scene changes its colour.
+TEST_F(EffectsTest, TheExamplesMixTheScenesAsTheySay) {
+    HTEXTURE first =
+        MakeTexture(kWidth, kHeight, [](int x, int) { return x < 160 ? 0xFF804020 : 0xFFE0A060; });
+    HTEXTURE second = MakePlain(kWidth, kHeight, 0xFFC080FF);
+    struct {
+        const char* file;
+        DWORD color;
+        int red, green, blue;
+    } const kCases[] = {{"ripple.hlsl", 0xFFFFFFFF, 178, 114, 50},  // ten pixels further right, in the shade
+                        {"lantern.hlsl", 0xFFFFFFFF, 120, 46, 77},
+                        {"crossfade.hlsl", 0xFF000000, 0x80, 0x40, 0x20},
+                        {"crossfade.hlsl", 0xFFFF0000, 0xC0, 0x80, 0xFF},
+                        {"../../../docs/snippets/light.hlsl", 0xFFFFFFFF, 0x60, 0x20, 0x20}};
+    for (const auto& c : kCases) {
+        SCOPED_TRACE(c.file);
+        std::string text = FileText(std::string(EXAMPLE_EFFECTS) + c.file);
+        ASSERT_TRUE(gfx().LoadEffect(c.file, text.data(), text.size())) << log().LastError();
+        hgeQuad quad = Quad(0, 0, kWidth, kHeight, first, c.color);
+        quad.tex2 = second;
+        auto pixel = static_cast<int>(At(Screen([&] { gfx().RenderQuad(&quad); }), 155, 120) & 0xFFFFFF);
+        EXPECT_NEAR(pixel >> 16, c.red, 2);
+        EXPECT_NEAR(pixel >> 8 & 0xFF, c.green, 2);
+        EXPECT_NEAR(pixel & 0xFF, c.blue, 2);
+    }
 }
 
 TEST_F(EffectsTest, ComesBackFromALostDevice) {

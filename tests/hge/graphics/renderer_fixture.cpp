@@ -48,17 +48,12 @@ hgeCounters RendererTest::Counters() {
 }
 
 hgeCounters RendererTest::Work() {
-    hgeCounters now = Counters();
-    hgeCounters work = now;
-    work.frames -= before_.frames;
-    work.draws -= before_.draws;
-    work.quads -= before_.quads;
-    work.buffer_maps -= before_.buffer_maps;
-    work.uploads -= before_.uploads;
-    work.upload_bytes -= before_.upload_bytes;
-    now.textures = before_.textures;
-    now.targets = before_.targets;
-    before_ = now;
+    hgeCounters now = Counters(), work = {};
+    for (DWORD hgeCounters::*count : {&hgeCounters::draws, &hgeCounters::quads, &hgeCounters::buffer_maps,
+                                      &hgeCounters::uploads, &hgeCounters::upload_bytes}) {
+        work.*count = now.*count - before_.*count;
+        before_.*count = now.*count;
+    }
     return work;
 }
 

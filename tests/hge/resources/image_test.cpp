@@ -5,12 +5,14 @@
 
 #include "hge/resources/test_data.h"
 #include "resources/bmp.h"
+#include "support/picture.h"
 
 namespace {
 
 using hge::DecodeImage;
 using hge::Image;
 using hge::WriteImage;
+using test::SamePicture;
 using test_data::Out;
 using test_data::ReadBytes;
 using test_data::Sample;
@@ -26,20 +28,7 @@ Image Decode(const std::vector<uint8_t>& bytes, std::string* reason) {
 }
 
 Image DecodeFile(const std::string& name) {
-    std::string reason;
-    Image image = Decode(ReadBytes(test_data::Folder() + "pictures\\" + name), &reason);
-    EXPECT_EQ(reason, "") << name;
-    return image;
-}
-
-// tolerance: by how much a channel may differ.
-void ExpectSame(const Image& actual, const Image& expected, int tolerance = 0) {
-    ASSERT_TRUE(actual.width == expected.width && actual.height == expected.height);
-    for (size_t i = 0; i < expected.pixels.size(); ++i)
-        for (int shift = 0; shift < 32; shift += 8) {
-            int a = actual.pixels[i] >> shift & 255, e = expected.pixels[i] >> shift & 255;
-            ASSERT_NEAR(a, e, tolerance) << "pixel " << i << " shift " << shift;
-        }
+    return test::ReadPicture(test_data::Folder() + "pictures\\" + name);
 }
 
 TEST(ImageTest, BadInputGivesAReason) {
@@ -95,23 +84,21 @@ TEST(ImageTest, EveryTruncationIsSafe) {
 TEST(ImageTest, EveryFormatGivesTheRightPixels) {
     for (const char* name : {"alpha.png", "interlaced.png", "deep.png", "alpha.bmp", "alpha.tga", "runs.tga",
                              "alpha.dds", "alpha.tif"}) {
-        SCOPED_TRACE(name);
-        ExpectSame(DecodeFile(name), Sample());
+        EXPECT_TRUE(SamePicture(name, DecodeFile(name), Sample()));
     }
     for (const char* name : {"opaque.png", "palette.png", "opaque.bmp", "palette.bmp", "opaque.tga",
                              "palette.tga", "opaque.dds"}) {
-        SCOPED_TRACE(name);
-        ExpectSame(DecodeFile(name), test_data::Opaque(Sample()));
+        EXPECT_TRUE(SamePicture(name, DecodeFile(name), test_data::Opaque(Sample())));
     }
 }
 
 TEST(ImageTest, LossyFormatsComeClose) {
     Image flat{18, 10, std::vector<uint32_t>(180, 0xFFC86432)};
-    ExpectSame(DecodeFile("flat.jpg"), flat, 2);   // JPEG's colour conversion
-    ExpectSame(DecodeFile("flat1.dds"), flat, 4);  // 5 and 6 bits a channel
+    EXPECT_TRUE(SamePicture("jpg", DecodeFile("flat.jpg"), flat, {2, "JPEG's colour conversion"}));
+    EXPECT_TRUE(SamePicture("dds1", DecodeFile("flat1.dds"), flat, {4, "5 and 6 bits a channel"}));
     for (uint32_t& pixel : flat.pixels)
         pixel = 0x80C86432;
-    ExpectSame(DecodeFile("flat5.dds"), flat, 4);
+    EXPECT_TRUE(SamePicture("dds5", DecodeFile("flat5.dds"), flat, {4, "5 and 6 bits a channel"}));
 }
 
 TEST(ImageTest, GifHolesAreTransparentAndGreyKeepsItsAlpha) {
@@ -129,7 +116,7 @@ TEST(ImageTest, A32BitBmpWithZeroAlphaIsOpaque) {
     for (size_t i = 14 + 108 + 3; i < bytes.size(); i += 4)
         bytes[i] = 0;
     std::string reason;
-    ExpectSame(Decode(bytes, &reason), test_data::Opaque(image));
+    EXPECT_TRUE(SamePicture("opaque", Decode(bytes, &reason), test_data::Opaque(image)));
 }
 
 TEST(ImageTest, WritingAndDecodingGivesTheSamePixels) {
@@ -137,14 +124,14 @@ TEST(ImageTest, WritingAndDecodingGivesTheSamePixels) {
         for (const Image& image : {Sample(), test_data::Opaque(Sample()), Image{1, 1, {0x80FF0001}}}) {
             std::string reason;
             ASSERT_TRUE(WriteImage(Out(name), image, &reason)) << reason;
-            ExpectSame(Decode(ReadBytes(Out(name)), &reason), image);
+            EXPECT_TRUE(SamePicture("written", test::ReadPicture(Out(name)), image));
         }
     EXPECT_EQ(test::FilesIn(Out(""), "round.*").size(), 2u);
     SKIP_UNLESS_CODE_PAGE_936();
     SKIP_WITHOUT_CHINESE_FILES();
     std::string reason, name = Out("\xcd\xbc\xc6\xac 5\xd4\xc2\x81\x5c.bmp");
     ASSERT_TRUE(WriteImage(name, Sample(), &reason)) << reason;
-    ExpectSame(Decode(ReadBytes(name), &reason), Sample());
+    EXPECT_TRUE(SamePicture("chinese", test::ReadPicture(name), Sample()));
 }
 
 TEST(ImageTest, AFailedWriteLeavesNothingAndKeepsTheOldFile) {
@@ -171,7 +158,7 @@ TEST(ImageTest, TheHostsChoiceOfThreadingModelIsLeftAlone) {
     for (DWORD model : {COINIT_MULTITHREADED, COINIT_APARTMENTTHREADED}) {
         DecodeFile("alpha.png");
         ASSERT_EQ(CoInitializeEx(nullptr, model), S_OK) << "an earlier decode left COM initialised";
-        ExpectSame(DecodeFile("alpha.png"), Sample());
+        EXPECT_TRUE(SamePicture("threads", DecodeFile("alpha.png"), Sample()));
         EXPECT_EQ(CoInitializeEx(nullptr, model), S_FALSE);
         CoUninitialize();
         CoUninitialize();

@@ -25,13 +25,16 @@ zip -q ../packs/newer.zip shared.txt
 { printf 'a program in front of the archive'; cat ../packs/plain.zip; } >../packs/prefixed.zip
 cp ../packs/plain.zip ../packs/commented.zip
 printf 'a comment with PK\005\006 in the middle of it' | zip -q -z ../packs/commented.zip >/dev/null
+printf 'content' >a
+zip -q -0 -X ../packs/one.zip a
+rm a
 : >../packs/empty.zip
 head -c 5000 Images/Long.TXT >../packs/foreign.zip
 
-# Names in Chinese: as UTF-8 and as GBK. The last has second bytes "\" and "A".
+# Names in Chinese: as UTF-8, as UTF-8 that is flagged so, and as GBK. The last has second bytes "\" and "A".
 mkdir -p ../chinese/图片 ../gbk
 printf 'black' >../chinese/图片/全黑透明.png
-(cd ../chinese && zip -q -r ../packs/utf8.zip .)
+(cd ../chinese && zip -q -r ../packs/utf8.zip . && LC_ALL=C.UTF-8 cmake -E tar cf ../packs/flagged.zip --format=zip 图片/*)
 printf 'gbk' >../gbk/$'\xcd\xbc\xc6\xac.txt'
 printf 'backslash' >../gbk/$'\x81\x5c.txt'
 printf 'letter' >../gbk/$'\x81\x41.txt'
@@ -39,8 +42,26 @@ printf 'letter' >../gbk/$'\x81\x41.txt'
 rm -rf ../chinese ../gbk
 cd ..
 
-# --- pictures: 7 x 5 pixels of known colours, and one of a single colour ---
+# UTF-8 in an extra field beside a name without it, as zip writes them where the locale has another code page.
 byte() { printf "\\x$(printf %02x "$1")"; }
+number() { for ((i = 0; i < $1; ++i)); do byte $(($2 >> 8 * i & 255)); done; }
+crc() { printf %s "$1" | gzip | tail -c 8 | head -c 4; }
+name='??.png' true_name=图片/全黑透明.png
+field() { printf up; number 2 $((5 + ${#true_name})); byte 1; crc "$name"; printf %s "$true_name"; }
+header() {
+    number 8 0; crc black; number 4 5; number 4 5
+    number 2 ${#name}; number 2 "$(field | wc -c)"
+}
+{ printf 'PK\3\4'; number 2 20; header; printf %s "$name"; field; printf black; } >packs/files
+{ printf 'PK\1\2'; number 4 $((20 << 16 | 20)); header; number 14 0; printf %s "$name"; field; } >packs/directory
+{
+    cat packs/files packs/directory
+    printf 'PK\5\6'; number 4 0; number 4 $((1 << 16 | 1))
+    number 4 "$(stat -c %s packs/directory)"; number 4 "$(stat -c %s packs/files)"; number 2 0
+} >packs/extra.zip
+rm packs/files packs/directory
+
+# --- pictures: 7 x 5 pixels of known colours, and one of a single colour ---
 for y in {0..4}; do
     for x in {0..6}; do
         byte $((x * 40)); byte $((y * 60)); byte $((250 - x * 30)); byte $(((x + y) % 3 * 127 + 1))

@@ -119,16 +119,6 @@ TEST_F(ResourceStoreTest, AttachingTwiceAddsNothing) {
     EXPECT_EQ(Load("shared.txt"), "from the pack");
 }
 
-TEST_F(ResourceStoreTest, APackOverwrittenWhileAttachedIsSafe) {
-    std::string path = Out("brief.zip");
-    ASSERT_TRUE(test_data::WriteFile(path, test::FileText(Pack("plain.zip"))));
-    ASSERT_TRUE(store_.AttachPack(path.c_str(), nullptr));
-    ASSERT_TRUE(test_data::WriteFile(path, "short"));
-    EXPECT_THAT(Load("shared.txt"), StartsWith("error: cannot load \"shared.txt\": pack "));
-    store_.RemoveAllPacks();
-    EXPECT_TRUE(DeleteFileA(path.c_str()));
-}
-
 TEST_F(ResourceStoreTest, ChineseFileNamesWork) {
     SKIP_UNLESS_CODE_PAGE_936();
     SKIP_WITHOUT_CHINESE_FILES();

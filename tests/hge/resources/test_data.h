@@ -28,9 +28,6 @@ inline bool WriteFile(const std::string& path, const std::string& text) {
     std::ofstream file(path, std::ios::binary);
     return static_cast<bool>(file << text << std::flush);
 }
-inline bool Exists(const std::string& path) {
-    return GetFileAttributesA(path.c_str()) != INVALID_FILE_ATTRIBUTES;
-}
 
 // The colours that make_data.sh gives the sample picture, 7 x 5.
 inline hge::Image Sample() {

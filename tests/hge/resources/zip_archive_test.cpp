@@ -1,10 +1,10 @@
 #include "resources/zip_archive.h"
 
 #include <gmock/gmock.h>
-#include <zlib.h>
 
 #include <iostream>
 #include <random>
+#include <set>
 
 #include "hge/resources/largest_request.h"
 #include "hge/resources/test_data.h"
@@ -21,6 +21,9 @@ using hge::ZipArchive;
 using test_data::Pack;
 using test_data::ReadBytes;
 using testing::AnyOf;
+using testing::Contains;
+using testing::Each;
+using testing::EndsWith;
 
 using Bytes = std::vector<uint8_t>;
 
@@ -64,47 +67,6 @@ size_t FindLast(const Bytes& bytes, const std::string& text) {
 Bytes With(Bytes bytes, size_t at, std::initializer_list<uint8_t> values) {
     std::copy(values.begin(), values.end(), bytes.begin() + static_cast<ptrdiff_t>(at));
     return bytes;
-}
-
-void Append(Bytes& bytes, uint32_t value, int count) {
-    while (count-- > 0)
-        bytes.push_back(static_cast<uint8_t>(std::exchange(value, value >> 8)));
-}
-
-// Signature, versions, flags, method, time, CRC, sizes and lengths, as both headers of an entry have them.
-void AppendHeader(Bytes& out, uint32_t signature, uint16_t flags, const std::string& name,
-                  const std::string& extra, const std::string& content) {
-    auto* data = reinterpret_cast<const Bytef*>(content.data());
-    Append(out, signature, 4);
-    Append(out, 20, signature == 0x02014B50 ? 4 : 2);
-    Append(out, flags, 2);
-    Append(out, 0, 2 + 4);
-    Append(out, crc32(0, data, static_cast<uInt>(content.size())), 4);
-    Append(out, static_cast<uint32_t>(content.size()), 4);
-    Append(out, static_cast<uint32_t>(content.size()), 4);
-    Append(out, static_cast<uint32_t>(name.size()), 2);
-    Append(out, static_cast<uint32_t>(extra.size()), 2);
-}
-
-// An archive of one stored file, for names that the tools at hand do not write.
-Bytes MakeZip(uint16_t flags, const std::string& name, const std::string& extra, const std::string& content) {
-    Bytes out;
-    AppendHeader(out, 0x04034B50, flags, name, extra, content);
-    for (const std::string* part : {&name, &extra, &content})
-        out.insert(out.end(), part->begin(), part->end());
-    uint32_t start = static_cast<uint32_t>(out.size());
-    AppendHeader(out, 0x02014B50, flags, name, extra, content);
-    out.insert(out.end(), 14, 0);
-    for (const std::string* part : {&name, &extra})
-        out.insert(out.end(), part->begin(), part->end());
-    uint32_t size = static_cast<uint32_t>(out.size()) - start;
-    Append(out, 0x06054B50, 4);
-    Append(out, 0, 4);
-    Append(out, 0x00010001, 4);
-    Append(out, size, 4);
-    Append(out, start, 4);
-    Append(out, 0, 2);
-    return out;
 }
 
 TEST(ZipArchiveTest, ReadsWhatTheOrdinaryToolMakes) {
@@ -207,7 +169,7 @@ TEST(ZipArchiveTest, RandomDamageGivesRightFilesOrReasons) {
 }
 
 TEST(ZipArchiveTest, SizesAndPlacesThatCannotBeAreNamed) {
-    Bytes zip = MakeZip(0, "a", "", "content");
+    Bytes zip = ReadBytes(Pack("one.zip"));
     size_t entry = FindLast(zip, "PK\1\2");
     EXPECT_EQ(ReadFrom(zip, "a"), "content");
     const std::pair<Bytes, const char*> cases[] = {
@@ -231,10 +193,13 @@ TEST(ZipArchiveTest, PasswordsOpenWhatTheyShould) {
     EXPECT_EQ(ReadFrom(secret, "empty.txt", "geheim"), "");
     EXPECT_EQ(ReadFrom(secret, "shared.txt"),
               "error: it is encrypted and the pack was attached without a password");
-    // One wrong password of 256 passes the check byte; then the data cannot be right.
-    EXPECT_THAT(
-        ReadFrom(secret, "Images/Long.TXT", "wrong"),
-        AnyOf("error: wrong password", "error: CRC mismatch", "error: its compressed data is damaged"));
+    // One wrong password of 256 passes the check byte: among so many there are both kinds.
+    std::set<std::string> answers;
+    for (int i = 0; i < 4000; ++i)
+        answers.insert(ReadFrom(secret, "Images/Long.TXT", "wrong" + std::to_string(i)));
+    EXPECT_THAT(answers, Contains("error: wrong password"));
+    EXPECT_THAT(answers, Contains(EndsWith(", or a wrong password")));
+    EXPECT_THAT(answers, Each(AnyOf("error: wrong password", EndsWith(", or a wrong password"))));
     EXPECT_EQ(ReadFrom(ReadBytes(Pack("plain.zip")), "shared.txt", "geheim"), "from the pack");
 }
 
@@ -243,22 +208,18 @@ TEST(ZipArchiveTest, NamesAreFoundInTheHostsCodePage) {
     const std::string gbk = "\xcd\xbc\xc6\xac/\xc8\xab\xba\xda\xcd\xb8\xc3\xf7.png";
     const std::string utf8 = "\xe5\x9b\xbe\xe7\x89\x87/\xe5\x85\xa8\xe9\xbb\x91\xe9\x80\x8f\xe6\x98\x8e.png";
     CodePage page = hge::AnsiCodePage();
-    std::string reason;
-    auto unflagged = Open(ReadBytes(Pack("utf8.zip")), &reason, page);
-    auto flagged = Open(MakeZip(1 << 11, utf8, "", "black"), &reason, page);
-    Bytes field{0x75, 0x70};
-    Append(field, static_cast<uint32_t>(5 + utf8.size()), 2);
-    Append(field, 1, 1);
-    Append(field, crc32(0, reinterpret_cast<const Bytef*>("??.png"), 6), 4);
-    auto extra =
-        Open(MakeZip(0, "??.png", std::string(field.begin(), field.end()) + utf8, "black"), &reason, page);
-    for (auto* archive : {&unflagged, &flagged, &extra}) {
-        ASSERT_TRUE(*archive) << reason;
-        EXPECT_EQ(Read(**archive, gbk, "", page), "black");
-        EXPECT_EQ(Read(**archive, "\xcd\xbc\xc6\xac\\\xc8\xab\xba\xda\xcd\xb8\xc3\xf7.PNG", "", page),
+    for (const char* pack : {"utf8.zip", "flagged.zip", "extra.zip"}) {
+        SCOPED_TRACE(pack);
+        std::string reason;
+        auto archive = Open(ReadBytes(Pack(pack)), &reason, page);
+        ASSERT_TRUE(archive) << reason;
+        EXPECT_EQ(Read(*archive, gbk, "", page), "black");
+        EXPECT_EQ(Read(*archive, "\xcd\xbc\xc6\xac\\\xc8\xab\xba\xda\xcd\xb8\xc3\xf7.PNG", "", page),
                   "black");
+        if (pack == std::string("utf8.zip")) {
+            EXPECT_EQ(Read(*archive, utf8, "", page), "black");
+        }
     }
-    EXPECT_EQ(Read(*unflagged, utf8, "", page), "black");
 }
 
 TEST(ZipArchiveTest, SecondBytesOfCharactersAreNoLettersOrSlashes) {
