@@ -10,6 +10,9 @@
 #include "core/win32_error.h"
 #include "resources/pixels.h"
 
+// mingw-w64 has it in the library only.
+extern "C" HRESULT WINAPI WICCreateImagingFactory_Proxy(UINT version, IWICImagingFactory** factory);
+
 namespace hge {
 namespace {
 
@@ -42,13 +45,15 @@ class Steps {
     HRESULT result_ = S_OK;
 };
 
+// Called by name, so that the library of codecs stays loaded: it knows them only after a long walk through
+// the registry, and COM gives it back with its last object.
 HRESULT MakeFactory(ComPtr<IWICImagingFactory>& factory) {
-    return CoCreateInstance(CLSID_WICImagingFactory, nullptr, CLSCTX_INPROC_SERVER, IID_IWICImagingFactory,
-                            factory.PutVoid());
+    return WICCreateImagingFactory_Proxy(WINCODEC_SDK_VERSION, factory.Put());
 }
 
+// WICConvertBitmapSource would search the registry for a converter: that takes longer than a small picture.
 bool OpenFirstFrame(IWICImagingFactory& factory, const uint8_t* bytes, size_t size,
-                    ComPtr<IWICBitmapSource>& picture, Steps& ok) {
+                    ComPtr<IWICFormatConverter>& picture, Steps& ok) {
     ComPtr<IWICStream> stream;
     ComPtr<IWICBitmapDecoder> decoder;
     ComPtr<IWICBitmapFrameDecode> frame;
@@ -58,8 +63,9 @@ bool OpenFirstFrame(IWICImagingFactory& factory, const uint8_t* bytes, size_t si
            ok(stream->InitializeFromMemory(data, static_cast<DWORD>(size))) &&
            ok(factory.CreateDecoderFromStream(stream.Get(), nullptr, WICDecodeMetadataCacheOnDemand,
                                               decoder.Put())) &&
-           ok(decoder->GetFrame(0, frame.Put())) &&
-           ok(WICConvertBitmapSource(GUID_WICPixelFormat32bppBGRA, frame.Get(), picture.Put()));
+           ok(decoder->GetFrame(0, frame.Put())) && ok(factory.CreateFormatConverter(picture.Put())) &&
+           ok(picture->Initialize(frame.Get(), GUID_WICPixelFormat32bppBGRA, WICBitmapDitherTypeNone, nullptr,
+                                  0, WICBitmapPaletteTypeCustom));
 }
 
 bool CopyPixels(IWICBitmapSource& picture, Image* image, Steps& ok) {
@@ -106,7 +112,7 @@ bool DecodeWithWic(const uint8_t* bytes, size_t size, Image* image, std::string*
     ComScope com;
     Steps ok;
     ComPtr<IWICImagingFactory> factory;
-    ComPtr<IWICBitmapSource> picture;
+    ComPtr<IWICFormatConverter> picture;
     UINT width = 0, height = 0;
     *image = {};
     bool opened = ok(MakeFactory(factory)) && OpenFirstFrame(*factory.Get(), bytes, size, picture, ok) &&

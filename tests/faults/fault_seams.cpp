@@ -132,6 +132,11 @@ HRESULT WINAPI FakeCoCreate(const IID& id, LPUNKNOWN outer, DWORD context, const
     if (FAILED(g_com)) return g_com;
     return Real<decltype(&FakeCoCreate)>("ole32", "CoCreateInstance")(id, outer, context, iid, object);
 }
+HRESULT WINAPI FakeCodecs(UINT version, void** factory) __asm__("_WICCreateImagingFactory_Proxy@8");
+HRESULT WINAPI FakeCodecs(UINT version, void** factory) {
+    if (FAILED(g_com)) return g_com;
+    return Real<decltype(&FakeCodecs)>("windowscodecs", "WICCreateImagingFactory_Proxy")(version, factory);
+}
 
 DWORD WINAPI FakeTickCount() {
     return Real<decltype(&FakeTickCount)>("kernel32", "GetTickCount")() + g_ticks;
