@@ -69,9 +69,10 @@ int main(int count, char** arguments) {
         return 2;
     }
     bench::Suite suite(options);
-    for (auto add : {bench::AddQuadScenes, bench::AddTextScenes, bench::AddGuiScenes, bench::AddMovieScenes,
-                     bench::AddEffectScenes, bench::AddPackScenes, bench::AddNameScenes,
-                     bench::AddSoundScenes, bench::AddPacingScenes, bench::AddStartupScenes})
+    for (auto add :
+         {bench::AddQuadScenes, bench::AddTextScenes, bench::AddGuiScenes, bench::AddMovieScenes,
+          bench::AddEffectScenes, bench::AddImageScenes, bench::AddPackScenes, bench::AddNameScenes,
+          bench::AddSoundScenes, bench::AddPacingScenes, bench::AddStartupScenes})
         add(suite);
     if (options.list) {
         suite.List();

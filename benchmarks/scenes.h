@@ -9,6 +9,7 @@ void AddTextScenes(Suite& suite);
 void AddGuiScenes(Suite& suite);
 void AddMovieScenes(Suite& suite);
 void AddEffectScenes(Suite& suite);
+void AddImageScenes(Suite& suite);
 void AddPackScenes(Suite& suite);
 void AddNameScenes(Suite& suite);
 void AddSoundScenes(Suite& suite);
