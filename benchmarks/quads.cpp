@@ -59,6 +59,8 @@ Scene Submitting(std::shared_ptr<Quads> quads, bool clipped, double limit) {
         Stage::Replay(quads->quads);
     });
     scene.bare = [quads, clipped](Meter& meter) {
+        // The stillness that ours begins with, which leaves nothing in the caches.
+        Stage::Settle();
         Bare::Get().Wait();
         meter([&] { Bare::Get().Submit(quads->vertices, clipped); });
         Bare::Get().Wait();

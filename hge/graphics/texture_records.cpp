@@ -1,7 +1,5 @@
 #include "graphics/texture_records.h"
 
-#include <xmmintrin.h>
-
 #include <algorithm>
 
 namespace hge {
@@ -34,9 +32,10 @@ void TextureRecords::Clear() {
     mask_ = 0;
 }
 
-void TextureRecords::Fetch() const {
+// By writing, as quads do, too: a line that was read may still be another core's.
+void TextureRecords::Fetch() {
     for (size_t i = 0; i < std::min(records_.size(), kMostToFetch); i += kPerCacheLine)
-        _mm_prefetch(reinterpret_cast<const char*>(&records_[i]), _MM_HINT_T0);
+        records_[i].batch = 0;
 }
 
 }  // namespace hge

@@ -28,8 +28,9 @@ class TextureRecords {
     // The record of its slot is now that of this id.
     TextureRecord& Start(uint32_t id);
     void Clear();
-    // Brings the records into the cache: far cheaper at once than one by one, as quads ask for them.
-    void Fetch() const;
+    // Brings the records into the cache: far cheaper at once than one by one, as quads ask for them. Only
+    // while no batch is open: some forget theirs.
+    void Fetch();
 
  private:
     std::vector<TextureRecord> records_;  // as many as a power of two
