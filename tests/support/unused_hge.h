@@ -2,8 +2,7 @@
 
 #include "hge.h"
 
-// Operations of the framework that the kit does not use: each tells its name and gives
-// nothing.
+// Operations of the framework that the kit does not use: each tells its name and gives nothing.
 class UnusedHge : public HGE {
  public:
     bool CALL System_Launch(const char*) override { return Unused(__func__); }
